@@ -1,0 +1,12 @@
+# One place for the flags of every target of this project. Numbers must be reproducible on every machine:
+# no contraction of multiply and add, no fast-math.
+add_library(tool_flags INTERFACE)
+target_compile_options(tool_flags INTERFACE
+  -Wall -Wextra -Wconversion -Wshadow
+  $<$<BOOL:${TOOL_WARNINGS_AS_ERRORS}>:-Werror>
+  -ffp-contract=off)
+if(TOOL_SANITIZE)
+  target_compile_options(tool_flags INTERFACE -fsanitize=${TOOL_SANITIZE} -fno-omit-frame-pointer
+    -fno-sanitize-recover=all)
+  target_link_options(tool_flags INTERFACE -fsanitize=${TOOL_SANITIZE})
+endif()

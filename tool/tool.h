@@ -1,0 +1,20 @@
+#pragma once
+// Everything the library exports: the classes, records and framework types under their published names.
+
+#include "tool/analysis/records.h"
+#include "tool/api/CCalcTool.h"
+#include "tool/api/CCephCalc.h"
+#include "tool/api/CModelTool.h"
+#include "tool/api/CTools.h"
+#include "tool/framework/files/CFile.h"
+#include "tool/framework/files/CFileFind.h"
+#include "tool/framework/text/CString.h"
+#include "tool/framework/text/CStringArray.h"
+#include "tool/framework/text/CUIntArray.h"
+#include "tool/framework/types.h"
+#include "tool/framework/ui/CComboBox.h"
+#include "tool/framework/ui/CListCtrl.h"
+#include "tool/framework/ui/CWinApp.h"
+#include "tool/framework/ui/CWnd.h"
+#include "tool/geometry/CPointD.h"
+#include "tool/model/records.h"
