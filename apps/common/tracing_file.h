@@ -1,9 +1,9 @@
 #pragma once
-// Tracing files: one patient's placed landmarks as JSON or CSV text. Text is UTF-8; point names are converted to
-// code page 932 for the record. The shapes are described in docs/ceph.md and docs/tracing.schema.json.
+// Tracing files: one patient's placed landmarks as JSON or CSV text. Text is UTF-8; point names are converted
+// to code page 932 for the record. The shapes are described in docs/ceph.md and docs/tracing.schema.json.
 //
-// Coordinates may be fractional; the record holds whole pixels, so they are rounded to the nearest (halves away
-// from zero). A point at (0, 0) is not placed.
+// Coordinates may be fractional; the record holds whole pixels, so they are rounded to the nearest (halves
+// away from zero). A point at (0, 0) is not placed.
 
 #include <cstddef>
 #include <optional>
@@ -44,8 +44,8 @@ struct Date {
 /// "2001-04-12" or "20010412"; empty when it is neither or not a day of the calendar.
 std::optional<Date> parse_date(std::string_view text);
 
-/// Full years plus the part of the running year that has passed; negative when `to` lies before `from`. Whoever
-/// was born on 29 February has a birthday on 1 March in other years.
+/// Full years plus the part of the running year that has passed; negative when `to` lies before `from`.
+/// Whoever was born on 29 February has a birthday on 1 March in other years.
 double years_between(const Date &from, const Date &to);
 
 struct PatientInfo {
@@ -64,8 +64,8 @@ struct TracingFile {
   std::string id;  ///< film or id; may be empty
   std::variant<tagPOINTLAT, tagPOINTPA, tagPOINTMO> record;
   std::vector<tagKPOINT> virtual_points;
-  std::vector<tagUPOINT> user_points;   ///< parallel to the record's user-point slots
-  std::optional<tagCVBA> vertebrae;     ///< lateral films: for the bone age
+  std::vector<tagUPOINT> user_points;  ///< parallel to the record's user-point slots
+  std::optional<tagCVBA> vertebrae;    ///< lateral films: for the bone age
   PatientInfo patient;
   std::optional<double> magnification;  ///< of the radiograph; 1.1 is the norms' own
 
@@ -97,9 +97,10 @@ struct ReadOptions {
 /// One JSON tracing; throws InputError, and nothing else, for any text that is not one.
 TracingFile read_json_tracing(std::string_view text, const ReadOptions &options = {});
 
-/// CSV tracings, line by line: a header of NAME_x and NAME_y columns with optional columns film (or id), kind,
-/// scale, magnification, name, sex, age, birth, date, dental_stage; "user:NAME_x" columns are user points. Fields
-/// may be quoted, a record is one line. An empty coordinate pair is a point that is not placed.
+/// CSV tracings, line by line: a header of NAME_x and NAME_y columns with optional columns film (or id),
+/// kind, scale, magnification, name, sex, age, birth, date, dental_stage; "user:NAME_x" columns are user
+/// points. Fields may be quoted, a record is one line. An empty coordinate pair is a point that is not
+/// placed.
 class CsvTracings {
  public:
   /// Throws InputError when a column is unknown, doubled or lacks its partner.
@@ -112,16 +113,17 @@ class CsvTracings {
   enum class Meaning { id, kind, scale, magnification, name, sex, age, birth, date, dental_stage, x, y };
   struct Column {
     Meaning meaning;
-    std::string title;         // as written
-    std::string point;         // of a coordinate: the point's name
-    bool user = false;         // of a coordinate: a user point
-    std::size_t partner = 0;   // of a coordinate: index of the other column
+    std::string title;    // as written
+    std::string point;    // of a coordinate: the point's name, UTF-8
+    bool user;            // of a coordinate: a user point
+    std::size_t partner;  // of a coordinate: index of the other column
   };
   struct Row;
   Column understand(std::string_view title, std::size_t index) const;
   void pair_columns();
   analysis::RecordKind guess_kind() const;
-  void place(TracingFile &file, const Row &row, const Column &column, POINT position) const;
+  void take_field(TracingFile &file, const Row &row, std::size_t index) const;
+  void take_point(TracingFile &file, const Row &row, std::size_t index) const;
 
   ReadOptions options_;
   std::vector<Column> columns_;
