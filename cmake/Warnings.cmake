@@ -10,3 +10,6 @@ if(TOOL_SANITIZE)
     -fno-sanitize-recover=all)
   target_link_options(tool_flags INTERFACE -fsanitize=${TOOL_SANITIZE})
 endif()
+if(TOOL_BUILD_FUZZERS)
+  target_compile_options(tool_flags INTERFACE -fsanitize=fuzzer-no-link)  # the library tells where it has been
+endif()
