@@ -74,6 +74,10 @@ class CurveWalk {
   CPointD p0_, p1_, p2_, p3_;  // of the current span
 };
 
+/// Every kept point in order. Two points or one: just these. A closed curve starts with point 0 and ends with
+/// point 1; it holds point 0 twice.
+std::vector<CPointD> kept_points(ControlPoints points, CurveEnds ends);
+
 /// A range of spans start <= i < end. Span 0 counts when start is 0, whatever the end.
 struct SpanRange {
   int start;
