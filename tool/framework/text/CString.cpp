@@ -5,11 +5,14 @@
 #include <cstdio>
 #include <cstring>
 
+#include "tool/framework/text/ascii.h"
 #include "tool/framework/text/cp932.h"
 
 namespace {
 
+using framework::lower;
 using framework::next_character;
+using framework::upper;
 
 constexpr std::string_view white_space = " \t\n\v\f\r";
 
@@ -67,13 +70,6 @@ std::size_t find_text(std::string_view text, std::string_view part, std::size_t 
 
 int as_position(std::size_t position) {
   return position == std::string_view::npos ? -1 : static_cast<int>(position);
-}
-
-constexpr char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-constexpr char upper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
 template <class Change>

@@ -7,6 +7,8 @@
 #include <memory>
 #include <type_traits>
 
+#include "tool/framework/text/ascii.h"
+
 namespace framework {
 namespace {
 
@@ -72,6 +74,17 @@ std::size_t utf8_sequence_length(std::string_view text) {
 }
 
 }  // namespace
+
+bool equal_ignoring_case(std::string_view a, std::string_view b) {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size();) {
+    const std::size_t next = next_character(a, i);
+    if (lower(a[i]) != lower(b[i])) return false;
+    if (next - i == 2 && a[i + 1] != b[i + 1]) return false;
+    i = next;
+  }
+  return true;
+}
 
 bool is_ascii(std::string_view text) {
   return std::none_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });

@@ -34,6 +34,10 @@ constexpr std::size_t next_character(std::string_view text, std::size_t position
   return position + (two_bytes ? 2 : 1);
 }
 
+/// Equal but for the case of ASCII letters. Second bytes in the range of the letters belong to their
+/// characters.
+bool equal_ignoring_case(std::string_view a, std::string_view b);
+
 // Conversion
 // ------------------------------------------------------------------------------------------------------
 /// Every byte is ASCII: the text is the same in both encodings.

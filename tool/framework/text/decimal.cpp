@@ -7,15 +7,10 @@
 #include <cstdint>
 #include <limits>
 
+#include "tool/framework/text/ascii.h"
+
 namespace framework {
 namespace {
-
-constexpr bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
-constexpr bool is_space(char c) {
-  return c == ' ' || (c >= '\t' && c <= '\r');
-}
 
 std::string_view without_leading_space(std::string_view text) {
   const auto first = std::find_if_not(text.begin(), text.end(), is_space);
