@@ -16,7 +16,7 @@ constexpr const char *style = R"css(
          color: var(--ink); max-width: 56rem; margin: 2rem auto; padding: 0 1.5rem; }
   h1 { font-size: 1.5rem; margin: 0 0 .75rem; }
   h2 { font-size: 1.1rem; margin: 1.75rem 0 .25rem; }
-  .comment { color: var(--quiet); margin: 0 0 .5rem; }
+  .comment { color: var(--quiet); margin: 0 0 .5rem; white-space: pre-line; }
   dl { display: grid; grid-template-columns: max-content 1fr max-content 1fr; gap: .15rem 1rem; margin: 0;
        padding: .75rem 1rem; border: 1px solid var(--line); border-radius: 6px; }
   dt { color: var(--quiet); } dd { margin: 0; }

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "apps/common/names.h"
 #include "apps/common/report_writers.h"
@@ -172,6 +173,27 @@ std::string facts(const Report &report) {
   return text;
 }
 
+/// The comment's lines, broken between words.
+std::vector<std::string> comment_lines(std::string_view comment) {
+  constexpr std::size_t longest = 100;
+  std::vector<std::string> lines;
+  while (!comment.empty()) {
+    const std::string_view given = comment.substr(0, comment.find('\n'));
+    comment.remove_prefix(std::min(comment.size(), given.size() + 1));
+    std::string line;
+    for (std::size_t start = 0; start < given.size();) {
+      const std::size_t end = std::min(given.find(' ', start), given.size());
+      const std::string word = printable(given.substr(start, end - start));
+      if (!line.empty() && display_width(line) + 1 + display_width(word) > longest)
+        lines.push_back(std::exchange(line, ""));
+      line += (line.empty() ? "" : " ") + word;
+      start = end + 1;
+    }
+    lines.push_back(line);
+  }
+  return lines;
+}
+
 void add_block(std::string &text, const std::string &block) {
   if (block.empty()) return;
   if (!text.empty()) text += '\n';
@@ -188,7 +210,8 @@ std::string write_text(const Report &report, Color color) {
   for (const Table &table : report.tables) {
     std::string block;
     if (!table.title.empty()) block += painter.paint(printable(table.title), Tone::heading) + '\n';
-    if (!table.comment.empty()) block += painter.paint(printable(table.comment), Tone::quiet) + '\n';
+    for (const std::string &line : comment_lines(table.comment))
+      block += painter.paint(line, Tone::quiet) + '\n';
     if (!table.rows.empty()) block += TableWriter(table, painter).write();
     add_block(text, block);
   }

@@ -1,0 +1,57 @@
+// ceph diagnose: the diagnosis sentences of a lateral film.
+
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "apps/ceph/analysis_report.h"
+#include "apps/ceph/commands.h"
+#include "apps/ceph/exit_code.h"
+#include "apps/ceph/output.h"
+
+namespace app {
+namespace {
+
+struct Options {
+  std::string tracing, analysis = "all";
+  InputOptions input;
+  DataOptions data;
+  PatientOptions patient;
+  OutputOptions output;
+};
+
+int run(const Options &options) {
+  const TracingFile file = options.input.read(options.tracing);
+  if (!file.lateral())
+    throw CommandError(ExitCode::bad_input,
+                       options.tracing + ": is not a lateral film; at /kind; \"lateral\"");
+  use_data_folder(options.data.folder);
+  const auto files = load_analyses(analysis::Mode::lateral_diagnosis, options.analysis);
+  const PatientContext context(file, options.patient);
+  const Diagnosis diagnosis = diagnose(files, file, context);
+  Report report;
+  report.title = files.size() == 1 ? files.front().title : "Diagnosis";
+  report.facts = context.facts();
+  for (Fact &fact : growth_facts(files, file, context)) report.facts.push_back(std::move(fact));
+  report.paragraphs.push_back({"diagnosis", "Diagnosis", diagnosis.sentences});
+  report.notes = context.notes();
+  for (const std::string &reason : diagnosis.left_out) report.notes.push_back("left out: " + reason);
+  deliver(report, options.output);
+  return static_cast<int>(diagnosis.left_out.empty() ? ExitCode::done : ExitCode::negative);
+}
+
+}  // namespace
+
+void add_diagnose_command(CLI::App &program, int &exit_code) {
+  CLI::App *command = program.add_subcommand("diagnose", "Diagnosis sentences of a lateral film");
+  const auto options = std::make_shared<Options>();
+  command->add_option("TRACING", options->tracing, "JSON or CSV tracing; - reads standard input")->required();
+  command->add_option("--analysis", options->analysis, "Index or title of a diagnosis file (default: all)")
+      ->type_name("N");
+  options->input.add_to(*command);
+  options->data.add_to(*command);
+  options->patient.add_to(*command);
+  options->output.add_to(*command);
+  command->callback([options, &exit_code] { exit_code = run(*options); });
+}
+
+}  // namespace app
