@@ -15,5 +15,7 @@ void add_catalogue_command(CLI::App &program, int &exit_code);
 void add_surgery_command(CLI::App &program, int &exit_code);
 void add_diagnose_command(CLI::App &program, int &exit_code);
 void add_model_command(CLI::App &program, int &exit_code);
+void add_check_command(CLI::App &program, int &exit_code);
+void add_batch_command(CLI::App &program, int &exit_code);
 
 }  // namespace app
