@@ -23,17 +23,17 @@ std::string_view view_of(const char *text) {
   return text ? text : "";
 }
 
-/// Into a buffer that the caller made large enough; the source may lie in the same buffer.
-int put_text(std::string_view text, char *buffer) {
-  if (!buffer) return 0;
-  std::memmove(buffer, text.data(), text.size());
-  buffer[text.size()] = '\0';
-  return static_cast<int>(text.size());
+/// Into a buffer that the caller made large enough and that may hold the source too; without a terminator.
+void put_bytes(std::string_view text, char *buffer) {
+  if (buffer && !text.empty()) std::memmove(buffer, text.data(), text.size());
 }
 
-/// The same without a terminator.
-void put_bytes(std::string_view text, char *buffer) {
-  if (buffer) std::memmove(buffer, text.data(), text.size());
+/// The same with a terminator; the length.
+int put_text(std::string_view text, char *buffer) {
+  if (!buffer) return 0;
+  put_bytes(text, buffer);
+  buffer[text.size()] = '\0';
+  return static_cast<int>(text.size());
 }
 
 void split_line(std::string_view line, char *key, char *value) {

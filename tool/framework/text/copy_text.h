@@ -2,7 +2,6 @@
 // Texts into buffers of the caller.
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
 namespace framework {
@@ -12,7 +11,7 @@ namespace framework {
 inline int copy_text(std::string_view text, char *buffer, int size) {
   if (!buffer || size <= 0) return 0;
   const std::size_t length = std::min(text.size(), static_cast<std::size_t>(size) - 1);
-  std::memcpy(buffer, text.data(), length);
+  std::copy_n(text.data(), length, buffer);
   buffer[length] = '\0';
   return static_cast<int>(length);
 }
