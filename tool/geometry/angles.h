@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "tool/geometry/constants.h"
 #include "tool/geometry/distances.h"
@@ -11,28 +12,34 @@ namespace geometry {
 
 namespace detail {
 
-/// Sign and size of the angle from u to v from its cosine. The sign is that of turning u by plus and by minus
-/// the angle and seeing which comes nearer to v; the cross product decides the same without sine and cosine,
-/// and a cross product of 0 counts as the tie does: positive.
-inline double signed_angle_from_cosine(const CPointD &u, const CPointD &v, double cosine) {
-  const double angle = std::acos(cosine);
-  return to_degrees(u.x * v.y - u.y * v.x > 0.0 ? -angle : angle);
-}
+/// The rules for directions that are parallel or nearly so.
+double nearly_parallel_angle(const CPointD &u, const CPointD &v);
 
-/// The rules for lines that are parallel, as far as doubles can tell.
-double nearly_parallel_angle(const CPointD &u, const CPointD &v, double cosine);
+/// Angle of a right triangle's legs, radians in [0, pi]: atan2 for an opposite leg that is not negative,
+/// without its care for zeros and infinities.
+inline double angle_of_legs(double opposite, double adjacent) {
+  const double along = std::abs(adjacent);
+  const double acute =
+      opposite <= along ? std::atan(opposite / along) : std::numbers::pi / 2.0 - std::atan(along / opposite);
+  return adjacent < 0.0 ? std::numbers::pi - acute : acute;
+}
 
 }  // namespace detail
 
 /// Signed angle from direction u to direction v, in (-180, 180], positive counter-clockwise: from (1, 0) to
 /// (0, 1), which is downward, it is -90. Parallel directions of unequal length give 0 whatever their sense,
 /// exactly opposite ones of equal length 180. One zero direction gives not-a-number, two give 0.
+///
+/// The published definition takes the arc cosine, turns u by plus and by minus that angle and keeps the sign
+/// that comes nearer to v. The cross product decides the same without turning anything, and well away from
+/// parallel the arc tangent gives the same size without the two square roots.
 inline double signed_angle(const CPointD &u, const CPointD &v) {
-  const double cosine = (v.x * u.x + v.y * u.y) / (norm(v) * norm(u));
-  // Away from a cosine of 1 none of the rules for parallel lines, with their four divisions, can apply.
-  if (std::abs(cosine) < 1.0 - 1e-9) [[likely]]
-    return detail::signed_angle_from_cosine(u, v, cosine);
-  return detail::nearly_parallel_angle(u, v, cosine);
+  const double dot = v.x * u.x + v.y * u.y;
+  const double cross = u.x * v.y - u.y * v.x;
+  const double across = std::abs(cross);
+  if (!(across > 1e-4 * std::abs(dot))) return detail::nearly_parallel_angle(u, v);
+  const double size = to_degrees(detail::angle_of_legs(across, dot));
+  return cross > 0.0 ? -size : size;
 }
 
 /// Signed angle from line a1a2 to line b1b2.

@@ -1,6 +1,7 @@
 #pragma once
 // From doubles to whole pixels, and arithmetic on whole pixels that stays defined at the 32-bit limits.
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -21,7 +22,8 @@ constexpr std::int32_t integer_difference(std::int32_t a, std::int32_t b) {
 
 /// a + b, held at the 32-bit limits.
 constexpr std::int32_t integer_sum(std::int32_t a, std::int32_t b) {
-  return framework::to_int(static_cast<double>(a) + static_cast<double>(b));
+  const std::int64_t sum = std::int64_t{a} + b;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(sum, INT32_MIN, INT32_MAX));
 }
 
 /// The exact quotient toward zero, before any rounding to double: 3 / 0.1 is 29, because the double nearest

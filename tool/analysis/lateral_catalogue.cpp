@@ -1,0 +1,247 @@
+#include "tool/analysis/lateral_catalogue.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "tool/analysis/lateral_catalogue_items.h"
+#include "tool/geometry/angles.h"
+#include "tool/geometry/distances.h"
+#include "tool/geometry/lines.h"
+
+namespace analysis {
+
+namespace {
+
+using namespace lateral;
+
+constexpr bool in_catalogue(int analysis, int item) {
+  return analysis >= 0 && analysis < 9 && item >= 0 &&
+         item < lateral_catalogue_sizes[static_cast<std::size_t>(analysis)];
+}
+
+constexpr const Item &item_at(int analysis, int item) {
+  return items[static_cast<std::size_t>(starts[static_cast<std::size_t>(analysis)] + item)];
+}
+
+/// One tracing seen through the catalogue's point numbers.
+class Film {
+ public:
+  Film(const tagPOINTLAT &record, bool negate_ans_pns)
+      : landmarks_(record.pt + first_landmark_entry), scale_(record.scale), negate_ans_pns_(negate_ans_pns) {}
+
+  double scale() const { return scale_; }
+  bool negates(Sign sign) const {
+    return sign == Sign::negated || (sign == Sign::negated_by_setting && negate_ans_pns_);
+  }
+  /// From one landmark to another; the difference of whole pixels is exact.
+  CPointD direction(int from, int to) const {
+    const POINT &a = landmarks_[from];
+    const POINT &b = landmarks_[to];
+    return {static_cast<double>(std::int64_t{b.x} - a.x), static_cast<double>(std::int64_t{b.y} - a.y)};
+  }
+  CPoint whole(int point) const {
+    return point < lateral_landmark_count ? CPoint(landmarks_[point]) : constructed_whole(point);
+  }
+  CPointD real(int point) const {
+    return point < lateral_landmark_count ? CPointD(landmarks_[point].x, landmarks_[point].y)
+                                          : constructed_real(point);
+  }
+
+ private:
+  CPoint constructed_whole(int point) const;
+  CPointD constructed_real(int point) const;
+
+  const POINT *landmarks_;
+  double scale_;
+  bool negate_ans_pns_;
+};
+
+CPoint Film::constructed_whole(int point) const {
+  switch (point) {
+    case CF:
+      return geometry::integer_foot(whole(Po), whole(Or), whole(PT));
+    case Nperp:
+      return geometry::integer_foot(whole(Po), whole(Or), whole(N));
+    case Mi:
+      return geometry::integer_midpoint(whole(L1), whole(U1));
+    case Mm:
+      return geometry::integer_midpoint(whole(LMo), whole(UMo));
+    case MiU:
+      return geometry::integer_midpoint(whole(U1), whole(L1));
+    case MmU:
+      return geometry::integer_midpoint(whole(UMo), whole(LMo));
+    default:
+      return {};
+  }
+}
+
+CPointD Film::constructed_real(int point) const {
+  const auto crossing = [this](int a, int b, int c, int d) {
+    return geometry::cross_point(real(a), real(b), real(c), real(d));
+  };
+  switch (point) {
+    case CFd:
+      return geometry::foot(real(Po), real(Or), real(PT));
+    case Mid:
+      return geometry::midpoint(real(L1), real(U1));
+    case Mmd:
+      return geometry::midpoint(real(LMo), real(UMo));
+    case GnX:
+      return crossing(N, PogR, Me, GoL);
+    case CC:
+      return crossing(Ba, N, PT, Gn);
+    case GoX:
+      return crossing(GoL, Me, Ar, GoP);
+    case RamusGoX:
+      return crossing(Ar, GoP, Me, GoL);
+    default:
+      return constructed_whole(point);
+  }
+}
+
+double setback(const Film &film, int p, int r, int t) {
+  const CPoint point = film.whole(p);
+  const CPoint foot = geometry::integer_foot(film.whole(r), film.whole(t), point);
+  const double distance = geometry::integer_length(point, foot, film.scale());
+  return foot.x > point.x ? -distance : distance;
+}
+
+double real_setback(const Film &film, int p, int r, int t) {
+  const CPointD point = film.real(p);
+  const CPointD foot = geometry::foot(film.real(r), film.real(t), point);
+  const double distance = geometry::length(point, foot, film.scale());
+  return foot.x > point.x ? -distance : distance;
+}
+
+double behind(const Film &film, int p, int q, int r, int t) {
+  const CPoint point = film.whole(p);
+  const CPoint foot = geometry::integer_foot(film.whole(r), film.whole(t), film.whole(q));
+  const double distance = geometry::integer_length(point, foot, film.scale());
+  return foot.x > point.x ? -distance : distance;
+}
+
+double to_foot(const Film &film, int p, int q, int r, int t) {
+  const CPoint foot = geometry::integer_foot(film.whole(r), film.whole(t), film.whole(q));
+  return geometry::integer_length(film.whole(p), foot, film.scale());
+}
+
+std::pair<CPoint, CPoint> feet(const Film &film, int p, int q, int r, int t) {
+  const CPoint from = film.whole(r);
+  const CPoint to = film.whole(t);
+  return {geometry::integer_foot(from, to, film.whole(p)), geometry::integer_foot(from, to, film.whole(q))};
+}
+
+double wits(const Film &film, int p, int q, int r, int t) {
+  const auto [upper, lower] = feet(film, p, q, r, t);
+  const double distance = geometry::integer_length(upper, lower, film.scale());
+  return lower.x < upper.x ? distance : 0.0 - distance;
+}
+
+/// A measure of points.
+double point_measure(const Film &film, const Item &item) {
+  const auto [p, q, r, t] = item.points;
+  switch (item.measure) {
+    case Measure::angle:
+      return geometry::signed_angle(film.direction(p, q), film.direction(r, t));
+    case Measure::length:
+      return geometry::integer_length(film.whole(p), film.whole(q), film.scale());
+    case Measure::built_angle:
+      return geometry::signed_angle(film.real(p), film.real(q), film.real(r), film.real(t));
+    case Measure::real_length:
+      return geometry::length(film.real(p), film.real(q), film.scale());
+    case Measure::to_foot:
+      return to_foot(film, p, q, r, t);
+    case Measure::between_feet: {
+      const auto [from, to] = feet(film, p, q, r, t);
+      return geometry::integer_length(from, to, film.scale());
+    }
+    case Measure::setback:
+      return setback(film, p, r, t);
+    case Measure::real_setback:
+      return real_setback(film, p, r, t);
+    case Measure::real_height:
+      return geometry::distance_to_line(film.real(r), film.real(t), film.real(p), film.scale());
+    case Measure::behind:
+      return behind(film, p, q, r, t);
+    case Measure::wits:
+      return wits(film, p, q, r, t);
+    default:
+      return 0.0;
+  }
+}
+
+double measured(const Film &film, int analysis, const Item &item);
+
+/// A measure of other items of the same analysis.
+[[gnu::noinline]] double item_measure(const Film &film, int analysis, const Item &item) {
+  const auto [p, q, r, t] = item.points;
+  const auto other = [&](int number) { return measured(film, analysis, item_at(analysis, number)); };
+  switch (item.measure) {
+    case Measure::difference:
+      return other(p) - other(q);
+    case Measure::sum:
+      return other(p) + other(q);
+    case Measure::sum_of_three:
+      return other(p) + other(q) + other(r);
+    case Measure::ratio:
+      return other(p) / other(q);
+    case Measure::extraction:
+      return other(p) - (130.0 - other(q)) / 5.0 - (other(r) + other(t));
+    default:
+      return 0.0;
+  }
+}
+
+double measured(const Film &film, int analysis, const Item &item) {
+  if (item.measure >= Measure::difference) return item_measure(film, analysis, item);
+  const double value = point_measure(film, item);
+  return item.sign == Sign::kept || !film.negates(item.sign) ? value : 0.0 - value;  // no minus zero
+}
+
+}  // namespace
+
+CatalogueValue lateral_catalogue(const tagPOINTLAT &record, int analysis, int item, bool negate_ans_pns) {
+  if (!in_catalogue(analysis, item)) {
+    if (analysis == 7) return {0.0, 1};
+    return {record.scale, analysis == 1 ? 1 : 0};
+  }
+  const Item &wanted = item_at(analysis, item);
+  return {measured(Film(record, negate_ans_pns), analysis, wanted), wanted.flag};
+}
+
+const char *lateral_catalogue_name(int analysis, int item) {
+  return in_catalogue(analysis, item) ? item_at(analysis, item).name : nullptr;
+}
+
+// Soft tissue
+// ------------------------------------------------------------------------------------------------
+
+namespace {
+
+/// A soft-tissue landmark that can be set from another one, by millimetres subtracted from it.
+struct SoftTissueSource {
+  Landmark filled;
+  Landmark source;
+  double x_mm;
+  double y_mm;
+};
+
+constexpr SoftTissueSource soft_tissue_sources[] = {
+    {PTV, PT, 3, -5}, {Gl, Ns, -3, 10}, {Mes, Me, 0, -5}, {Pogs, Pog, -5, -3}, {Vmi, TLL, 2, -2},
+};
+
+}  // namespace
+
+void complete_soft_tissue(tagPOINTLAT &record) {
+  POINT *const landmarks = record.pt + first_landmark_entry;
+  const auto shifted = [&](LONG from, double mm) {
+    return geometry::integer_sum(from, geometry::truncated_quotient(-mm, record.scale));
+  };
+  for (const auto &[filled, source, x_mm, y_mm] : soft_tissue_sources) {
+    if (landmarks[filled].x != 0 || landmarks[filled].y != 0) continue;
+    landmarks[filled] = {shifted(landmarks[source].x, x_mm), shifted(landmarks[source].y, y_mm)};
+  }
+}
+
+}  // namespace analysis
