@@ -29,7 +29,8 @@ enum class NormKind { mean, sd };
 /// An item line of a "Calc:", "Calc1:" or "Calc2:" block.
 struct Item {
   std::string_view text;     ///< at most 49 bytes
-  std::string_view formula;  ///< without its kind suffix; empty: a heading
+  std::string_view formula;  ///< without its kind suffix
+  bool heading;              ///< nothing is written behind the item text
   int kind;                  ///< 0 a length (never in the cast mode)
   int display_flag;
   bool listed;       ///< from the first item set: a row of the result table
@@ -40,13 +41,16 @@ struct CompiledItems;  // defined beside the compiler
 
 class Analysis {
  public:
-  Analysis(DefinitionFile file, Mode mode);
+  /// Whether formulas are also searched for faults, so that malformed ones can be reported.
+  enum class Diagnosis { no, yes };
+
+  Analysis(DefinitionFile file, Mode mode, Diagnosis diagnosis = Diagnosis::yes);
   Analysis(Analysis &&) noexcept;
   Analysis &operator=(Analysis &&) noexcept;
   ~Analysis();
 
   /// Reads definition file `index` of `mode`; empty when there is none.
-  static std::optional<Analysis> load(Mode mode, int index);
+  static std::optional<Analysis> load(Mode mode, int index, Diagnosis diagnosis = Diagnosis::yes);
 
   Mode mode() const { return mode_; }
   const DefinitionFile &file() const { return file_; }

@@ -18,6 +18,14 @@ std::string analysis_item_directory();
 /// the list cannot be read or is shorter.
 std::string definition_path(Mode mode, int index);
 
+/// A line of a display-setting folder's list: a number for the application, and the path of the file.
+struct DisplayListEntry {
+  int number;
+  std::string path;
+};
+/// The list lines that have a comma, in order; whether a file exists is not looked at.
+std::vector<DisplayListEntry> display_setting_list(Mode mode);
+
 /// Path of display-setting file `index`, counting list lines that have a comma and whose file exists.
 std::string display_setting_path(Mode mode, int index);
 

@@ -6,11 +6,9 @@
 #include <vector>
 
 #include "tool/analysis/analysis.h"
+#include "tool/analysis/value_format.h"
 
 namespace analysis {
-
-/// How a value is written: 2 two decimals, 9 the nearest half with one decimal, any other one decimal.
-std::string format_value(double value, int precision);
 
 /// One row. Texts are code page 932, written exactly as the list control receives them.
 struct TableRow {
@@ -27,9 +25,12 @@ struct TableRow {
   std::optional<Reason> reason;     ///< why the number should not be taken at face value
 };
 
+/// Whether rows say why their numbers should not be taken at face value; it costs time.
+enum class Explain { no, yes };
+
 /// The result table of the listed items, in file order.
 std::vector<TableRow> result_table(const Analysis &analysis, const Tracing &tracing, const Patient &patient,
-                                   int precision);
+                                   int precision, Explain explain = Explain::yes);
 
 /// One item by its text; empty when the analysis does not hold it. A "Calc2:" item is found too.
 std::optional<TableRow> result_row(const Analysis &analysis, std::string_view item, const Tracing &tracing,
@@ -51,7 +52,7 @@ struct SurgeryRow {
 
 /// `after` counts only when its scale is not 0.
 std::vector<SurgeryRow> surgery_table(const Analysis &analysis, const Tracing &before, const Tracing &after,
-                                      const Patient &patient, int precision);
+                                      const Patient &patient, int precision, Explain explain = Explain::yes);
 
 /// "+++" above 3 SD units down to "---" at -3 and below; empty between -1 (excluded) and 1.
 std::string_view deviation_mark(double sd_units);

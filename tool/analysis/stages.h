@@ -22,8 +22,19 @@ struct Stage {
 
 enum class StageSet { first, second };
 
+/// A stage line as it is written.
+struct StageLine {
+  std::string_view name;
+  std::string_view range;
+  bool chronological;
+};
+std::vector<StageLine> stage_lines(const DefinitionFile &file, int sex, StageSet set);
+
 /// The stage lines for a sex (1 male, other female) in file order.
 std::vector<Stage> stages(const DefinitionFile &file, int sex, StageSet set = StageSet::first);
+
+/// The same for the lateral norm file, whose ranges are plain numbers of years or stage values.
+std::vector<Stage> numeric_stages(const DefinitionFile &file, int sex);
 
 /// Index of the last stage whose range holds the age (years) or the dental stage; -1 when none does.
 int match_stage(const std::vector<Stage> &stages, double age_years, double dental);

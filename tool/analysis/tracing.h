@@ -31,6 +31,9 @@ class Tracing {
   std::size_t user_point_count() const { return user_count_; }
   /// Name slot and coordinates of the record; an empty name holds no point.
   UserPoint user_point(std::size_t i) const;
+  const POINT *user_positions() const {
+    return user_positions_;
+  }  ///< parallel to the name slots; may be null
   std::span<const tagUPOINT> user_definitions() const { return user_definitions_; }
   std::span<const tagKPOINT> virtual_points() const { return virtual_points_; }
   const tagPOINTLAT *lateral() const;  ///< null unless the mode uses the lateral record

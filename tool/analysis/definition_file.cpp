@@ -1,0 +1,176 @@
+#include "tool/analysis/definition_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "tool/framework/files/read_file.h"
+#include "tool/framework/text/cp932.h"
+#include "tool/framework/text/decimal.h"
+
+namespace analysis {
+namespace {
+
+struct Keyword {
+  std::string_view text;
+  LineClass line_class;
+};
+
+// In the order in which a line is compared with them. "1" is only another form of the first set's keyword.
+constexpr Keyword keywords[] = {
+    {"title:", LineClass::title},
+    {"calc:", LineClass::calc},
+    {"calc1:", LineClass::calc},
+    {"stage:", LineClass::stage},
+    {"stage1:", LineClass::stage},
+    {"stage_m:", LineClass::stage_male},
+    {"stage_m1:", LineClass::stage_male},
+    {"stage_f:", LineClass::stage_female},
+    {"stage_f1:", LineClass::stage_female},
+    {"mean:", LineClass::mean},
+    {"mean1:", LineClass::mean},
+    {"mean_m:", LineClass::mean_male},
+    {"mean_m1:", LineClass::mean_male},
+    {"mean_f:", LineClass::mean_female},
+    {"mean_f1:", LineClass::mean_female},
+    {"sd:", LineClass::sd},
+    {"sd1:", LineClass::sd},
+    {"sd_m:", LineClass::sd_male},
+    {"sd_m1:", LineClass::sd_male},
+    {"sd_f:", LineClass::sd_female},
+    {"sd_f1:", LineClass::sd_female},
+    {"stage_type:", LineClass::stage_type},
+    {"stage_type1:", LineClass::stage_type},
+    {"comment:", LineClass::comment},
+    {"diag:", LineClass::diag},
+    {"param:", LineClass::param},
+    {"calc2:", LineClass::calc2},
+    {"stage2:", LineClass::stage2},
+    {"stage_m2:", LineClass::stage2_male},
+    {"stage_f2:", LineClass::stage2_female},
+    {"mean2:", LineClass::mean2},
+    {"mean_m2:", LineClass::mean2_male},
+    {"mean_f2:", LineClass::mean2_female},
+    {"sd2:", LineClass::sd2},
+    {"sd_m2:", LineClass::sd2_male},
+    {"sd_f2:", LineClass::sd2_female},
+    {"stage_type2:", LineClass::stage2_type},
+};
+
+constexpr std::size_t longest_keyword = 12;
+
+constexpr char lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// Length of the line that starts at `text`: up to CR, LF, NUL or the end of the data.
+std::size_t line_length(std::string_view text) {
+  const void *cr = std::memchr(text.data(), '\r', text.size());
+  const std::size_t limit =
+      cr ? static_cast<std::size_t>(static_cast<const char *>(cr) - text.data()) : text.size();
+  const void *lf = std::memchr(text.data(), '\n', limit);
+  return lf ? static_cast<std::size_t>(static_cast<const char *>(lf) - text.data()) : limit;
+}
+
+/// Cuts a line at the last whole character that fits: a double-byte character is never torn apart.
+std::string_view cut_to(std::string_view text, std::size_t bytes) {
+  if (text.size() <= bytes) return text;
+  std::size_t end = 0;
+  while (end < bytes) {
+    const std::size_t step = framework::is_lead_byte(text[end]) ? 2 : 1;
+    if (end + step > bytes) break;
+    end += step;
+  }
+  return text.substr(0, end);
+}
+
+}  // namespace
+
+LineClass classify_line(std::string_view line) {
+  // Nearly every content line is told apart by its length or its last byte.
+  if (line.empty() || line.size() > longest_keyword || line.back() != ':') return LineClass::content;
+  std::array<char, longest_keyword> folded{};
+  std::transform(line.begin(), line.end(), folded.begin(), lower);
+  const std::string_view key(folded.data(), line.size());
+  for (const Keyword &keyword : keywords) {
+    if (keyword.text == key) return keyword.line_class;
+  }
+  return LineClass::content;
+}
+
+KeyValue split_key_value(std::string_view line) {
+  const std::size_t separator = line.find('=');
+  const std::string_view key = cut_to(line.substr(0, separator), max_item_text_bytes);
+  if (separator == std::string_view::npos) return {key, {}, false};
+  return {key, line.substr(separator + 1), true};
+}
+
+std::string_view list_field(std::string_view list, int index) {
+  constexpr std::size_t max_field_bytes = 99;
+  std::size_t start = 0;
+  for (int field = 0; field < index; ++field) {
+    const std::size_t comma = list.find(',', start);
+    if (comma == std::string_view::npos) break;
+    start = comma + 1;
+  }
+  return list.substr(start, list.find(',', start) - start).substr(0, max_field_bytes);
+}
+
+KindSuffix split_kind_suffix(std::string_view formula) {
+  const std::size_t first = formula.find(':');
+  if (first == std::string_view::npos) return {0, 1, formula};
+  std::string digits;
+  for (const char c : formula.substr(first + 1)) {
+    if (c == '\r' || c == '\n' || c == '\0') break;
+    if (c != ':') digits += c;
+  }
+  const int number = std::max(framework::whole_number(digits), 0);
+  const std::string_view rest = formula.substr(0, formula.rfind(':'));
+  if (number <= 2) return {number % 3, 1, rest};
+  if (number <= 9) return {number % 3, 0, rest};
+  if (number <= 12) return {(number - 10) % 3, 3, rest};
+  return {(number - 10) % 3, 2, rest};
+}
+
+DefinitionFile::DefinitionFile(std::string text) : text_(std::make_unique<std::string>(std::move(text))) {
+  const std::string_view all = *text_;
+  // A NUL byte ends a line as well. It never occurs in a healthy file, so it is looked for only once.
+  const bool has_nul = all.find('\0') != std::string_view::npos;
+  lines_.reserve(all.size() / 16 + 1);
+  LineClass block = LineClass::content;
+  for (std::size_t at = 0; at < all.size();) {
+    std::size_t length = line_length(all.substr(at));
+    if (has_nul) length = std::min(length, all.substr(at, length).find('\0'));
+    const std::string_view whole = all.substr(at, length);
+    const std::string_view line = cut_to(whole, max_line_bytes);
+    const LineClass own = classify_line(line);
+    if (own != LineClass::content) block = own;
+    lines_.push_back({line, own, block, at, line.size() != whole.size()});
+    at += length;
+    if (at + 1 < all.size() && all[at] == '\r' && all[at + 1] == '\n') ++at;
+    ++at;
+  }
+}
+
+std::optional<DefinitionFile> DefinitionFile::read(const char *path) {
+  std::optional<std::string> text = framework::read_whole_file(path);
+  if (!text) return std::nullopt;
+  return DefinitionFile(std::move(*text));
+}
+
+std::string_view DefinitionFile::title() const {
+  for (const Line &line : lines_) {
+    if (line.block == LineClass::title && line.own == LineClass::content && !line.text.empty())
+      return line.text;
+  }
+  return {};
+}
+
+std::string_view DefinitionFile::comment() const {
+  for (std::size_t i = 0; i + 1 < lines_.size(); ++i) {
+    if (lines_[i].own == LineClass::comment) return lines_[i + 1].text;
+  }
+  return {};
+}
+
+}  // namespace analysis

@@ -1,0 +1,365 @@
+#include "tool/analysis/evaluator.h"
+
+#include <utility>
+
+#include "tool/analysis/formula_angles.h"
+#include "tool/analysis/formula_compiler.h"
+#include "tool/analysis/landmarks.h"
+#include "tool/analysis/points.h"
+#include "tool/analysis/value_format.h"
+#include "tool/env/text.h"
+#include "tool/framework/text/decimal.h"
+#include "tool/framework/text/numbers.h"
+#include "tool/geometry/angles.h"
+#include "tool/geometry/distances.h"
+#include "tool/geometry/lines.h"
+#include "tool/geometry/transforms.h"
+#include "tool/model/measurements.h"
+
+namespace analysis {
+namespace {
+
+constexpr int max_item_depth = 100;
+constexpr int max_evaluations = 2000;  // for one row; only files whose items refer in circles come near it
+
+/// The items that show a predicted segment of the cast are left out while the prediction cannot be formed.
+bool is_prediction(std::string_view item_text) {
+  if (item_text.substr(0, 5) != "Model" || item_text.size() < 12) return false;
+  const std::string_view token = item_text.substr(6, 6);
+  return token == "[PLTU]" || token == "[PLTL]";
+}
+
+}  // namespace
+
+Evaluator::Evaluator(const Tracing &tracing, const Patient &patient, const Analysis *analysis,
+                     Reasons reasons)
+    : tracing_(tracing), patient_(patient), analysis_(analysis), collect_(reasons == Reasons::collect) {
+  if (!analysis_) return;
+  memory_[0].resize(analysis_->items().size());
+  running_.resize(analysis_->items().size());
+}
+
+std::optional<Reason> Evaluator::take_reason() {
+  std::optional<Reason> taken = std::move(reason_);
+  reason_.reset();
+  return taken;
+}
+
+void Evaluator::add_reason(Reason::Kind kind, std::string_view subject, std::size_t position) {
+  if (collect_ && !reason_) reason_ = Reason{kind, std::string(subject), position};
+}
+
+// Formulas
+// ------------------------------------------------------------------------------------------------------
+
+double Evaluator::run(const Program &program, const Formula &formula, ValueTable &values) {
+  for (std::uint32_t i = 0; i < formula.count; ++i) {
+    values[formula.base + i] = compute(program, program.instructions[formula.first + i], values);
+  }
+  return effective(formula.result, values);
+}
+
+double Evaluator::effective(const Operand &operand, const ValueTable &values) const {
+  return operand.variable < 0 ? operand.number : values[static_cast<std::size_t>(operand.variable)];
+}
+
+double Evaluator::compute(const Program &program, const Instruction &instruction, const ValueTable &values) {
+  const double left = effective(instruction.left, values);
+  const double right = effective(instruction.right, values);
+  switch (instruction.operation) {
+    case Operation::multiply:
+      return left * right;
+    case Operation::divide:
+      return left / right;
+    case Operation::add:
+      return left + right;
+    case Operation::subtract:
+      return left - right;
+    case Operation::less:
+      return left < right;
+    case Operation::greater:
+      return left > right;
+    case Operation::equal:
+      return left == right;
+    case Operation::less_equal:
+      return left <= right;
+    case Operation::greater_equal:
+      return left >= right;
+    case Operation::choose:
+      return choose(program, instruction, values);
+    case Operation::model_item:
+      return model_item(instruction);
+    case Operation::item_value:
+    case Operation::item_sd_units:
+    case Operation::item_mean:
+    case Operation::item_sd:
+      return reference(instruction);
+    case Operation::nothing:
+      return 0.0;
+    default:
+      return measure(program, instruction);
+  }
+}
+
+double Evaluator::choose(const Program &program, const Instruction &instruction,
+                         const ValueTable &values) const {
+  const auto &choices = instruction.choices;
+  std::uint32_t index = 0;
+  while (index < choices.count &&
+         framework::to_int(effective(program.operands[choices.first + index], values)) == 0) {
+    ++index;
+  }
+  return index;
+}
+
+double Evaluator::measure(const Program &program, const Instruction &instruction) {
+  if (!tracing_.has_record()) {
+    add_reason(Reason::Kind::unplaced_point, program.points[instruction.points[0]].name);
+    return 0.0;
+  }
+  std::array<CPointD, 4> p;
+  for (std::size_t k = 0; k < instruction.point_count; ++k) p[k] = point(program, instruction.points[k]);
+  switch (instruction.operation) {
+    case Operation::distance:
+      return geometry::length(p[0], p[1], tracing_.scale());
+    case Operation::distance_x: {
+      const double length = geometry::length(p[0], p[1], tracing_.scale());
+      return p[1].x < p[0].x ? -length : length;
+    }
+    case Operation::distance_y: {
+      const double length = geometry::length(p[0], p[1], tracing_.scale());
+      return p[1].y < p[0].y ? -length : length;
+    }
+    default:
+      break;
+  }
+  const double angle = instruction.operation == Operation::vertex_angle
+                           ? formula_vertex_angle(p[0], p[1], p[2])
+                           : formula_line_angle(p[0], p[1], p[2], p[3]);
+  return instruction.precision < 0 ? angle : to_precision(angle, instruction.precision);
+}
+
+double Evaluator::model_item(const Instruction &instruction) {
+  const tagPOINTMO *cast = tracing_.model();
+  const double value = cast && instruction.model_number >= 0
+                           ? model::item(patient_.sex, *cast, cast->ex, instruction.model_number).a
+                           : 0.0;
+  if (value == 0.0 || value == -1.0) add_reason(Reason::Kind::not_formed, {});
+  return value == 0.0 ? missing_value : value;
+}
+
+// Points
+// --------------------------------------------------------------------------------------------------------
+
+CPointD Evaluator::point(const Program &program, std::uint32_t index) {
+  const PointNode &node = program.points[index];
+  switch (node.kind) {
+    case PointNode::Kind::landmark: {
+      if (!tracing_.has_record()) return {};
+      const POINT &p = tracing_.landmarks()[static_cast<std::size_t>(node.landmark)];
+      if (collect_ && p.x == 0 && p.y == 0) add_reason(Reason::Kind::unplaced_point, node.name);
+      return CPointD(p.x, p.y);
+    }
+    case PointNode::Kind::named:
+      return point_position(node.name, tracing_, reason_slot());
+    case PointNode::Kind::effective_a:
+      return effective_a_point();
+    case PointNode::Kind::missing:
+      return {};
+    default:
+      return construct(program, node);
+  }
+}
+
+CPointD Evaluator::construct(const Program &program, const PointNode &node) {
+  const auto argument = [&](std::size_t k) { return point(program, node.arguments[k]); };
+  const CPointD a = argument(0);
+  const CPointD b = argument(1);
+  switch (node.kind) {
+    case PointNode::Kind::midpoint:
+      return geometry::midpoint(a, b);
+    case PointNode::Kind::foot:
+      return geometry::foot(a, b, argument(2));
+    case PointNode::Kind::crossing: {
+      const CPointD c = argument(2);
+      return geometry::cross_point(a, b, c, argument(3));
+    }
+    case PointNode::Kind::bisector:
+      return bisector_point(a, b, argument(2), node.number);
+    default:
+      return geometry::turned_offset(a, b, b, node.number, 0.0, tracing_.scale());
+  }
+}
+
+/// The A point corrected for the inclination of the upper incisor: 0.4 mm per degree from 12 degrees to N-A.
+CPointD Evaluator::effective_a_point() const {
+  const tagPOINTLAT *record = tracing_.lateral();
+  if (!record) return {};
+  const auto landmark = [&](lateral::Landmark k) {
+    const POINT &p = record->pt[first_landmark_entry + k];
+    return CPointD(p.x, p.y);
+  };
+  const CPointD nasion = landmark(lateral::N);
+  const CPointD a_point = landmark(lateral::A);
+  const double inclination =
+      geometry::signed_angle(nasion, a_point, landmark(lateral::U1R), landmark(lateral::U1));
+  return geometry::turned_offset(nasion, a_point, landmark(lateral::U1C), -0.4 * (inclination - 12.0), -90.0,
+                                 record->scale);
+}
+
+// Items
+// ---------------------------------------------------------------------------------------------------------
+
+/// A reference to an item whose value is under evaluation is not followed.
+bool Evaluator::may_enter(std::size_t index) {
+  const bool runs = (running_[index] & running_value) != 0;
+  const bool may = !runs && depth_ < max_item_depth && evaluations_ < max_evaluations;
+  if (!may) {
+    ++cuts_;
+    add_reason(Reason::Kind::cycle, analysis_->items()[index].text);
+  }
+  return may;
+}
+
+double Evaluator::reference(const Instruction &instruction) {
+  if (!analysis_ || instruction.item == Instruction::no_item) {
+    add_reason(Reason::Kind::unknown_item, instruction.item_text);
+    return 0.0;
+  }
+  const std::size_t index = instruction.item;
+  if (analysis_->items()[index].heading) return 0.0;
+  if (!may_enter(index)) return 0.0;
+  const auto norm = [&](NormKind which) {
+    const std::optional<double> found = norm_number(index, which);
+    if (!found) add_reason(Reason::Kind::no_norm, instruction.item_text);
+    return found.value_or(0.0);
+  };
+  switch (instruction.operation) {
+    case Operation::item_value:
+      return item(index).number();
+    case Operation::item_mean:
+      return norm(NormKind::mean);
+    case Operation::item_sd:
+      return norm(NormKind::sd);
+    default:
+      break;
+  }
+  const double value = item(index).number();
+  const double mean = norm(NormKind::mean);
+  const double sd = norm(NormKind::sd);
+  return sd == 0.0 ? 0.0 : (value - mean) / sd;
+}
+
+ItemOutcome Evaluator::item(std::size_t index) {
+  std::vector<Memory> &memories = memory_[in_norm_formula_ ? 1 : 0];
+  if (memories.empty()) memories.resize(analysis_->items().size());
+  Memory &memory = memories[index];
+  if (!memory.known) return remember_item(index, memory);
+  if (collect_ && !reason_) reason_ = memory.reason;
+  return memory.outcome;
+}
+
+/// Evaluates an item and remembers it, unless what it gave depends on where the evaluation came from.
+ItemOutcome Evaluator::remember_item(std::size_t index, Memory &memory) {
+  if (depth_ == 0) evaluations_ = 0;
+  ++evaluations_;
+  ++depth_;
+  const int cuts_before = cuts_;
+  std::optional<Reason> outer = take_reason();
+  running_[index] |= running_value;
+  const ItemOutcome outcome = evaluate_item(index);
+  running_[index] = static_cast<unsigned char>(running_[index] & ~running_value);
+  --depth_;
+  if (cuts_ == cuts_before || depth_ == 0) memory = {true, outcome, reason_};
+  if (outer) reason_ = std::move(outer);
+  return outcome;
+}
+
+ItemOutcome Evaluator::evaluate_item(std::size_t index) {
+  const CompiledItems &compiled = analysis_->compiled();
+  const Item &item = compiled.items[index];
+  if (item.heading) return {};
+  const ItemPlan &plan = compiled.plans[index];
+  ValueTable values{};
+  const double value = run(compiled.program, plan.formula, values);
+  if (plan.formula.malformed_at >= 0) {
+    const auto position = static_cast<std::size_t>(plan.formula.malformed_at);
+    add_reason(Reason::Kind::malformed_formula, item.formula, position);
+  }
+  if (value == -1.0 && is_prediction(item.text)) return {ItemOutcome::Kind::unformed, value, {}};
+  if (!plan.chooses) return {ItemOutcome::Kind::number, value, {}};
+  if (!plan.has_alternatives) return {ItemOutcome::Kind::bare_choice, value, {}};
+  return pick_alternative(plan, value);
+}
+
+ItemOutcome Evaluator::pick_alternative(const ItemPlan &plan, double index) {
+  const CompiledItems &compiled = analysis_->compiled();
+  const int chosen = framework::to_int(index);
+  if (chosen < 0 || static_cast<std::uint32_t>(chosen) >= plan.alternative_count) return {};
+  const Alternative &alternative =
+      compiled.alternatives[plan.first_alternative + static_cast<std::uint32_t>(chosen)];
+  if (alternative.is_text) return {ItemOutcome::Kind::text, 0.0, alternative.text};
+  ValueTable values{};
+  return {ItemOutcome::Kind::number, run(compiled.program, alternative.formula, values), {}};
+}
+
+// Norms
+// ---------------------------------------------------------------------------------------------------------
+
+std::string Evaluator::norm_text(std::size_t index, NormKind which, int kind) {
+  const std::optional<NormLine> &line = analysis_->compiled().norm_line(index, which, patient_.sex);
+  if (!line) return {};
+  if (depth_ == 0) evaluations_ = 0;
+  const Running mark = which == NormKind::mean ? running_mean : running_sd;
+  if ((running_[index] & mark) != 0) {
+    ++cuts_;
+    add_reason(Reason::Kind::cycle, analysis_->items()[index].text);
+    return {};
+  }
+  running_[index] |= mark;
+  std::string text = norm_field_text(norm_column(*line, patient_.age_code), kind);
+  running_[index] = static_cast<unsigned char>(running_[index] & ~mark);
+  return text;
+}
+
+std::optional<double> Evaluator::norm_number(std::size_t index, NormKind which) {
+  if (!analysis_->compiled().norm_line(index, which, patient_.sex)) return std::nullopt;
+  const int cuts_before = cuts_;
+  const std::string text = norm_text(index, which, analysis_->items()[index].kind);
+  if (cuts_ != cuts_before && text.empty()) return std::nullopt;
+  if (!env::is_number(text)) return std::nullopt;
+  return framework::decimal_value(text);
+}
+
+std::string Evaluator::norm_field_text(std::string_view field, int kind) {
+  std::string text = env::is_number(field) ? std::string(field) : evaluate_norm_formula(field);
+  return kind == 0 ? scale_norm_length(text, patient_.magnification) : text;
+}
+
+/// Norm formulas are evaluated as if the film had the magnification that norms are written for.
+std::string Evaluator::evaluate_norm_formula(std::string_view field) {
+  const NormFormula norm = split_norm_formula(field);
+  if (++evaluations_ > max_evaluations) {
+    ++cuts_;
+    return "0";
+  }
+  const double outer_magnification = std::exchange(patient_.magnification, norm_magnification);
+  const bool outer_norm = std::exchange(in_norm_formula_, true);
+  ++depth_;
+  Program program;
+  FormulaCompiler compiler(program, tracing_.mode(), analysis_ ? &analysis_->compiled().by_text : nullptr,
+                           collect_);
+  const Formula formula = compiler.compile(norm.formula);
+  ValueTable values{};
+  const double value = run(program, formula, values);
+  if (formula.malformed_at >= 0) {
+    add_reason(Reason::Kind::malformed_formula, field, static_cast<std::size_t>(formula.malformed_at));
+  }
+  --depth_;
+  in_norm_formula_ = outer_norm;
+  patient_.magnification = outer_magnification;
+  if (norm.decimals > 0) return framework::fixed(value, norm.decimals);
+  return std::to_string(framework::to_int(framework::decimal_value(framework::fixed(value, 0))));
+}
+
+}  // namespace analysis

@@ -1,0 +1,106 @@
+#pragma once
+// The compiled form of formulas. A formula becomes a straight list of instructions; instruction i appends its
+// result to a table of values, the same table that the variables d01, d02, ... of the formula language name.
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "tool/analysis/reason.h"
+
+namespace analysis {
+
+inline constexpr std::size_t value_table_size = 100;
+inline constexpr std::size_t max_values = 99;  ///< no more entries than this are ever appended
+
+/// A point expression. Arguments are indices into Program::points.
+struct PointNode {
+  enum class Kind : std::uint8_t {
+    landmark,  ///< `landmark` of the mode's vocabulary
+    named,     ///< user or virtual point, looked up by `name`
+    midpoint,
+    foot,       ///< of argument 2 on the line through arguments 0 and 1
+    crossing,   ///< of the lines 0-1 and 2-3
+    bisector,   ///< of the angle 0-1-2, `number` pixels from the vertex
+    extension,  ///< beyond argument 1 as seen from argument 0, `number` millimetres
+    effective_a,
+    missing,  ///< an argument that was not written: (0, 0)
+  };
+  Kind kind = Kind::missing;
+  std::int16_t landmark = -1;
+  std::array<std::uint32_t, 4> arguments{};
+  double number = 0.0;
+  std::string_view name;
+};
+
+enum class Operation : std::uint8_t {
+  nothing,        ///< a term that cannot be formed: 0
+  distance,       ///< len, millimetres
+  distance_x,     ///< lenR: negative when point 1 lies to the left of point 0
+  distance_y,     ///< lenD: negative when point 1 lies above point 0
+  vertex_angle,   ///< angle1, angle3: at point 1, 0 to 180 degrees
+  line_angle,     ///< angle2, angle4: from line 0-1 to line 2-3, -180 to 180 degrees
+  model_item,     ///< a cast measurement by number
+  item_value,     ///< case
+  item_sd_units,  ///< sdu
+  item_mean,      ///< mean
+  item_sd,        ///< sdv
+  multiply,
+  divide,
+  add,
+  subtract,
+  less,
+  greater,
+  equal,
+  less_equal,
+  greater_equal,
+  choose,  ///< switch: index of the first argument that is not 0
+};
+
+/// A number written in the formula, or an entry of the value table.
+struct Operand {
+  double number = 0.0;
+  std::int16_t variable = -1;  ///< index into the value table; -1: the number itself
+};
+
+struct Instruction {
+  Operation operation = Operation::nothing;
+  std::int8_t precision = -1;    ///< angle3 and angle4: the digit; -1: full precision
+  std::uint8_t point_count = 0;  ///< points that the term needs
+  std::int16_t model_number = -1;
+  std::uint32_t position = 0;  ///< bytes from the start of the formula
+  union {
+    std::array<std::uint32_t, 4> points{};  ///< measurement terms: indices into Program::points
+    struct {
+      std::uint32_t first;
+      std::uint32_t count;
+    } choices;           ///< choose: operands [first, first + count)
+    std::uint32_t item;  ///< references: index of the item, no_item when the file has none
+  };
+  Operand left;
+  Operand right;
+  std::string_view item_text;
+
+  static constexpr std::uint32_t no_item = 0xffffffff;
+};
+
+/// Instructions [first, first + count) of a program; their results go to the value table from entry `base`
+/// on.
+struct Formula {
+  std::uint32_t first = 0;
+  std::uint32_t count = 0;
+  std::uint32_t base = 0;
+  Operand result;                  ///< the formula's value: its last entry, or 0 when it has none
+  std::int32_t malformed_at = -1;  ///< byte position of the first fault, found only when asked for
+};
+
+/// The storage that the formulas of one file share.
+struct Program {
+  std::vector<PointNode> points;
+  std::vector<Instruction> instructions;
+  std::vector<Operand> operands;
+};
+
+}  // namespace analysis

@@ -1,0 +1,553 @@
+#include "tool/analysis/formula_compiler.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "tool/analysis/landmarks.h"
+#include "tool/framework/text/cp932.h"
+#include "tool/framework/text/decimal.h"
+
+namespace analysis {
+namespace {
+
+constexpr std::size_t npos = std::string_view::npos;
+
+struct TermSpelling {
+  std::string_view keyword;
+  Operation operation;
+  std::uint8_t points;
+  bool has_digit;
+};
+
+/// Indexed by Term.
+constexpr TermSpelling terms[] = {
+    {"Model", Operation::model_item, 0, false},    {"lenR", Operation::distance_x, 2, false},
+    {"lenD", Operation::distance_y, 2, false},     {"len", Operation::distance, 2, false},
+    {"angle1", Operation::vertex_angle, 3, false}, {"angle3", Operation::vertex_angle, 3, true},
+    {"angle2", Operation::line_angle, 4, false},   {"angle4", Operation::line_angle, 4, true},
+    {"case", Operation::item_value, 0, false},     {"sdu", Operation::item_sd_units, 0, false},
+    {"mean", Operation::item_mean, 0, false},      {"sdv", Operation::item_sd, 0, false},
+};
+
+const TermSpelling &spelling(Term term) {
+  return terms[static_cast<std::size_t>(term)];
+}
+
+/// The term whose keyword stands at `at`, the longest where several do.
+std::optional<Term> term_at(std::string_view text, std::size_t at) {
+  const auto is = [&](Term term) {
+    const std::string_view keyword = spelling(term).keyword;
+    return text.compare(at, keyword.size(), keyword) == 0;
+  };
+  const auto first_of = [&](std::initializer_list<Term> choices) -> std::optional<Term> {
+    for (const Term term : choices) {
+      if (is(term)) return term;
+    }
+    return std::nullopt;
+  };
+  switch (text[at]) {
+    case 'M':
+      return first_of({Term::model});
+    case 'l':
+      return first_of({Term::len_r, Term::len_d, Term::len});
+    case 'a':
+      return first_of({Term::angle1, Term::angle3, Term::angle2, Term::angle4});
+    case 'c':
+      return first_of({Term::item_value});
+    case 's':
+      return first_of({Term::item_sd_units, Term::item_sd});
+    case 'm':
+      return first_of({Term::item_mean});
+    default:
+      return std::nullopt;
+  }
+}
+
+struct ModelToken {
+  std::string_view text;
+  std::int16_t number;
+};
+
+/// Arch widths and lengths (C coronal, B basal), tooth sums (A six, T twelve teeth), ratios, predictions.
+constexpr ModelToken model_tokens[] = {
+    {"([UCAW])", 6},  {"([UCAL])", 7},  {"([LCAW])", 14}, {"([LCAL])", 15},
+    {"([UBAW])", 24}, {"([UBAL])", 25}, {"([LBAW])", 26}, {"([LBAL])", 27},
+    {"([UATW])", 16}, {"([UTTW])", 17}, {"([LATW])", 18}, {"([LTTW])", 19},
+    {"([ATR])", 20},  {"([TTR])", 21},  {"([PLTU])", 22}, {"([PLTL])", 23},
+};
+
+int argument_count(PointKeyword keyword) {
+  switch (keyword) {
+    case PointKeyword::midpoint:
+    case PointKeyword::extension:
+      return 2;
+    case PointKeyword::foot:
+    case PointKeyword::bisector:
+      return 3;
+    case PointKeyword::crossing:
+      return 4;
+    default:
+      return 0;
+  }
+}
+
+PointNode::Kind node_kind(PointKeyword keyword) {
+  switch (keyword) {
+    case PointKeyword::midpoint:
+      return PointNode::Kind::midpoint;
+    case PointKeyword::foot:
+      return PointNode::Kind::foot;
+    case PointKeyword::crossing:
+      return PointNode::Kind::crossing;
+    case PointKeyword::bisector:
+      return PointNode::Kind::bisector;
+    case PointKeyword::extension:
+      return PointNode::Kind::extension;
+    case PointKeyword::effective_a:
+      return PointNode::Kind::effective_a;
+    default:
+      return PointNode::Kind::named;
+  }
+}
+
+/// NN of a variable dNN as an index into the value table.
+std::int16_t variable_index(std::string_view digits) {
+  return static_cast<std::int16_t>(
+      std::clamp(framework::whole_number(digits), 1, static_cast<int>(value_table_size)) - 1);
+}
+
+Operand variable(std::int16_t index) {
+  return {0.0, index};
+}
+Operand number(double value) {
+  return {value, -1};
+}
+
+std::string variable_name(std::size_t entry) {
+  return {'d', static_cast<char>('0' + entry / 10), static_cast<char>('0' + entry % 10)};
+}
+
+/// A text that holds nothing but one variable or one number.
+Operand lone_operand(std::string_view text) {
+  const std::size_t begin = text.find_first_not_of(' ');
+  if (begin == npos) return {};
+  const std::string_view word = text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
+  const bool is_variable = word.front() == 'd';
+  if (word.find_first_not_of("0123456789.", is_variable ? 1 : 0) != npos) return {};
+  return is_variable ? variable(variable_index(word.substr(1))) : number(framework::decimal_value(word));
+}
+
+/// The expression without its runs of blanks: every reader of it passes over blanks.
+std::string without_blank_runs(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  for (const char c : text) {
+    if (!is_blank(c)) {
+      result += c;
+    } else if (!result.empty() && result.back() != ' ') {
+      result += ' ';
+    }
+  }
+  return result;
+}
+
+Operation operator_at(const std::string &expression, std::size_t at) {
+  const bool with_equal = at + 1 < expression.size() && expression[at + 1] == '=';
+  switch (expression[at]) {
+    case '*':
+      return Operation::multiply;
+    case '/':
+      return Operation::divide;
+    case '+':
+      return Operation::add;
+    case '-':
+      return Operation::subtract;
+    case '<':
+      return with_equal ? Operation::less_equal : Operation::less;
+    case '>':
+      return with_equal ? Operation::greater_equal : Operation::greater;
+    default:
+      return Operation::equal;
+  }
+}
+
+std::size_t operator_length(const std::string &expression, std::size_t at) {
+  const bool compares = expression[at] == '<' || expression[at] == '>' || expression[at] == '=';
+  return compares && at + 1 < expression.size() && expression[at + 1] == '=' ? 2 : 1;
+}
+
+}  // namespace
+
+Formula FormulaCompiler::compile(std::string_view text, Extent extent, std::size_t base) {
+  start(text, base);
+  const bool group = extent == Extent::group && !text.empty() && text.front() == '(';
+  const std::size_t end = std::min(group ? text.find_first_of(");") : text.find(';'), text.size());
+  if (group) {
+    blank(0, 1);
+    blank(end, end + 1);
+  }
+  substitute_terms(end);
+  if (diagnose_) look_for_faults(end);
+  std::string expression = without_blank_runs(std::string_view(work_).substr(0, end));
+  const Operand lone = reduce(expression, 0);
+  blank(0, end + 1);
+  return finish(group, lone);
+}
+
+Formula FormulaCompiler::compile_term(Term term, std::string_view text) {
+  start(text, 0);
+  append_term(term, 0);
+  return finish(false, {});
+}
+
+void FormulaCompiler::start(std::string_view text, std::size_t base) {
+  source_ = text;
+  work_.assign(text);
+  base_ = std::min(base, max_values);
+  first_ = program_.instructions.size();
+  malformed_at_ = -1;
+}
+
+Formula FormulaCompiler::finish(bool group, Operand lone) const {
+  Formula formula;
+  formula.first = static_cast<std::uint32_t>(first_);
+  formula.count = static_cast<std::uint32_t>(program_.instructions.size() - first_);
+  formula.base = static_cast<std::uint32_t>(base_);
+  formula.malformed_at = malformed_at_;
+  if (formula.count > 0) {
+    formula.result = variable(static_cast<std::int16_t>(used() - 1));
+  } else {
+    formula.result = group ? lone : Operand{};
+    if (diagnose_ && !group && malformed_at_ < 0) formula.malformed_at = 0;
+  }
+  return formula;
+}
+
+void FormulaCompiler::blank(std::size_t begin, std::size_t end) {
+  const std::size_t stop = std::min(end, work_.size());
+  if (begin < stop)
+    std::fill(work_.begin() + static_cast<std::ptrdiff_t>(begin),
+              work_.begin() + static_cast<std::ptrdiff_t>(stop), ' ');
+}
+
+// Terms
+// ---------------------------------------------------------------------------------------------------------
+
+void FormulaCompiler::find_candidates(std::size_t end) {
+  candidates_.clear();
+  const std::string_view text = work_;
+  for (std::size_t at = 0; at < end;) {
+    const char c = text[at];
+    if (c == '"' || c == '[') {
+      const std::size_t close = find_character(text, c == '"' ? '"' : ']', at + 1);
+      at = close == npos ? at + 1 : close + 1;
+      continue;
+    }
+    if (const std::optional<Term> term = term_at(text, at)) {
+      candidates_.push_back({at, *term});
+      at += spelling(*term).keyword.size();
+      continue;
+    }
+    at = framework::next_character(text, at);
+  }
+}
+
+void FormulaCompiler::substitute_terms(std::size_t end) {
+  find_candidates(end);
+  for (std::size_t term = 0; term < std::size(terms) && !candidates_.empty(); ++term) {
+    for (const Candidate &candidate : candidates_) {
+      const std::string_view keyword = terms[term].keyword;
+      if (static_cast<std::size_t>(candidate.term) != term || full()) continue;
+      // An earlier term may have swallowed this one while it looked for its points.
+      if (work_.compare(candidate.position, keyword.size(), keyword) != 0) continue;
+      append_term(candidate.term, candidate.position + keyword.size());
+      work_.replace(candidate.position, 3, variable_name(used()));
+      blank(candidate.position + 3, candidate.position + keyword.size());
+    }
+  }
+}
+
+void FormulaCompiler::append_term(Term term, std::size_t after_keyword) {
+  Instruction instruction;
+  instruction.operation = spelling(term).operation;
+  instruction.position =
+      static_cast<std::uint32_t>(after_keyword - std::min(after_keyword, spelling(term).keyword.size()));
+  switch (term) {
+    case Term::model:
+      append_model(after_keyword, instruction);
+      break;
+    case Term::item_value:
+    case Term::item_sd_units:
+    case Term::item_mean:
+    case Term::item_sd:
+      append_reference(after_keyword, instruction);
+      break;
+    default:
+      append_measurement(term, after_keyword, instruction);
+      break;
+  }
+  append(instruction);
+}
+
+void FormulaCompiler::append_measurement(Term term, std::size_t after_keyword, Instruction &instruction) {
+  const TermSpelling &measurement = spelling(term);
+  std::size_t at = work_.find('(', after_keyword);
+  if (at == npos) {
+    instruction.operation = Operation::nothing;
+    fault(instruction.position);
+    return;
+  }
+  ++at;
+  if (measurement.has_digit) {
+    const bool readable = at < work_.size() && is_digit(work_[at]);
+    instruction.precision = readable ? static_cast<std::int8_t>(work_[at] - '0') : std::int8_t{0};
+    at = std::min(at + 2, work_.size());  // the digit and its separator
+  }
+  instruction.point_count = measurement.points;
+  for (std::size_t k = 0; k < measurement.points; ++k) {
+    // A term does not stop at its ')' when it looks for its points: the next expression of the text counts.
+    const std::optional<Point> point = compile_point(work_, at);
+    if (!point) {
+      instruction.operation = Operation::nothing;
+      fault(instruction.position);
+      break;
+    }
+    instruction.points[k] = point->node;
+    at = point->end;
+  }
+  const std::size_t close = work_.find(')', at);
+  blank(after_keyword, close == npos ? work_.size() : close + 1);
+}
+
+void FormulaCompiler::append_model(std::size_t after_keyword, Instruction &instruction) {
+  for (const ModelToken &token : model_tokens) {
+    if (work_.compare(after_keyword, token.text.size(), token.text) == 0)
+      instruction.model_number = token.number;
+  }
+  if (mode_ != Mode::model) instruction.operation = Operation::nothing;
+  if (instruction.model_number < 0 || mode_ != Mode::model) fault(instruction.position);
+  const std::size_t close = work_.find(')', after_keyword);
+  blank(after_keyword, close == npos ? work_.size() : close + 1);
+}
+
+void FormulaCompiler::append_reference(std::size_t after_keyword, Instruction &instruction) {
+  const std::size_t open = work_.find('"', after_keyword);
+  const std::size_t close = open == npos ? npos : work_.find('"', open + 1);
+  instruction.item = Instruction::no_item;
+  if (close == npos) {
+    instruction.operation = Operation::nothing;
+    fault(instruction.position);
+    return;
+  }
+  instruction.item_text = source_.substr(open + 1, close - open - 1);
+  if (items_) instruction.item = items_->find(instruction.item_text).value_or(Instruction::no_item);
+  const std::size_t end = work_.find(')', close);
+  blank(after_keyword, end == npos ? work_.size() : end + 1);
+}
+
+// Points
+// --------------------------------------------------------------------------------------------------------
+
+std::uint32_t FormulaCompiler::add_point(const PointNode &node) {
+  program_.points.push_back(node);
+  return static_cast<std::uint32_t>(program_.points.size() - 1);
+}
+
+std::optional<FormulaCompiler::Point> FormulaCompiler::compile_point(std::string_view text,
+                                                                     std::size_t from) {
+  return compile_point(text, from, 0);
+}
+
+std::optional<FormulaCompiler::Point> FormulaCompiler::compile_point(std::string_view text, std::size_t from,
+                                                                     int depth) {
+  const std::optional<PointStart> start = find_point(text, from);
+  if (!start) return std::nullopt;
+  if (start->keyword != PointKeyword::name) return compile_construction(text, *start, depth);
+  const std::size_t close = find_character(text, ']', start->arguments);
+  PointNode node;
+  node.kind = PointNode::Kind::named;
+  // Names come from the source text: the working copy changes, and a name is never blank in it before this
+  // point.
+  node.name =
+      (text.data() == work_.data() ? source_ : text).substr(start->arguments, close - start->arguments);
+  if (const std::optional<int> landmark = find_landmark(record_kind(mode_), node.name)) {
+    node.kind = PointNode::Kind::landmark;
+    node.landmark = static_cast<std::int16_t>(*landmark);
+  }
+  return Point{add_point(node), close + 1};
+}
+
+FormulaCompiler::Point FormulaCompiler::compile_construction(std::string_view text, const PointStart &start,
+                                                             int depth) {
+  constexpr int max_depth = 1000;  // far beyond any line of a file; it only guards the stack
+  PointNode node;
+  node.kind = node_kind(start.keyword);
+  std::size_t at = start.arguments;
+  for (int k = 0; k < argument_count(start.keyword); ++k) {
+    const std::optional<Point> argument =
+        depth < max_depth ? compile_point(text, at, depth + 1) : std::nullopt;
+    if (argument) {
+      node.arguments[static_cast<std::size_t>(k)] = argument->node;
+      at = argument->end;
+    } else {
+      node.arguments[static_cast<std::size_t>(k)] = add_point(PointNode{});
+      fault(start.begin);
+    }
+  }
+  const std::size_t close = std::min(text.find(')', at), text.size());
+  if (start.keyword == PointKeyword::bisector || start.keyword == PointKeyword::extension) {
+    constexpr std::size_t max_number_bytes = 19;
+    const std::string_view rest = text.substr(at, close - at);
+    const std::size_t comma = rest.rfind(',');
+    const std::string_view written =
+        comma == npos ? std::string_view() : rest.substr(comma + 1).substr(0, max_number_bytes);
+    node.number = start.keyword == PointKeyword::extension ? framework::decimal_value(written)
+                                                           : framework::whole_number(written);
+  }
+  return {add_point(node), std::min(close + 1, text.size())};
+}
+
+// Arithmetic
+// ----------------------------------------------------------------------------------------------------
+
+/// Reduces the expression to its value: a variable when anything was computed, else what stands there alone.
+Operand FormulaCompiler::reduce(std::string &expression, int depth) {
+  const std::size_t before = used();
+  for (const std::string_view operators : {"*/", "+-", "<>="}) reduce_operators(expression, operators, depth);
+  reduce_choice(expression);
+  if (used() > before) return variable(static_cast<std::int16_t>(used() - 1));
+  return lone_operand(expression);
+}
+
+void FormulaCompiler::reduce_operators(std::string &expression, std::string_view operators, int depth) {
+  std::size_t at = 0;
+  while (!full() && (at = expression.find_first_of(operators, at)) != npos) {
+    Instruction instruction;
+    instruction.operation = operator_at(expression, at);
+    const Side left = left_operand(expression, at, depth);
+    const Side right = right_operand(expression, at + operator_length(expression, at), depth);
+    if (full()) return;  // the groups of the operands used up the table
+    instruction.left = left.operand;
+    instruction.right = right.operand;
+    append(instruction);
+    // Commas survive, so that the arguments of a choice stay apart.
+    std::string replacement = variable_name(used());
+    for (std::size_t i = left.edge; i < right.edge; ++i) {
+      if (expression[i] == ',') replacement += ',';
+    }
+    expression.replace(left.edge, right.edge - left.edge, replacement);
+    at = left.edge;
+  }
+}
+
+FormulaCompiler::Side FormulaCompiler::left_operand(const std::string &expression, std::size_t at,
+                                                    int depth) {
+  std::string written;
+  std::size_t begin = at;
+  std::size_t walk = at;
+  for (; walk > 0; --walk) {
+    const char c = expression[walk - 1];
+    if (c == ' ') continue;
+    if (!is_digit(c) && c != '.') break;
+    written.insert(written.begin(), c);
+    begin = walk - 1;
+  }
+  const char stop = walk > 0 ? expression[walk - 1] : '\0';
+  if (stop == 'd') return {variable(variable_index(written)), walk - 1};
+  if (stop == ')') {
+    const std::size_t open = expression.rfind('(', walk - 1);
+    if (open != npos) {
+      const std::size_t close = expression.find(')', open);
+      return {group_operand(expression.substr(open + 1, close - open - 1), depth), open};
+    }
+  }
+  return {number(framework::decimal_value(written)), begin};
+}
+
+FormulaCompiler::Side FormulaCompiler::right_operand(const std::string &expression, std::size_t at,
+                                                     int depth) {
+  std::size_t end = at;
+  while (end < expression.size() &&
+         (is_digit(expression[end]) || expression[end] == '.' || expression[end] == ' ')) {
+    ++end;
+  }
+  const char stop = end < expression.size() ? expression[end] : '\0';
+  if (stop == 'd') {
+    return {variable(variable_index(std::string_view(expression).substr(end + 1, 2))),
+            std::min(end + 3, expression.size())};
+  }
+  if (stop == '(') {
+    const std::size_t close = std::min(expression.find(')', end), expression.size());
+    return {group_operand(expression.substr(end + 1, close - end - 1), depth),
+            std::min(close + 1, expression.size())};
+  }
+  return {number(framework::decimal_value(std::string_view(expression).substr(at, end - at))), end};
+}
+
+Operand FormulaCompiler::group_operand(std::string group, int depth) {
+  // Every group below another one appends an entry of its own, so deeper nesting could never be evaluated.
+  if (depth >= static_cast<int>(max_values)) return {};
+  return reduce(group, depth + 1);
+}
+
+void FormulaCompiler::reduce_choice(const std::string &expression) {
+  const std::size_t word = find_word(expression, "switch");
+  if (word == npos || full()) return;
+  Instruction instruction;
+  instruction.operation = Operation::choose;
+  instruction.choices = {static_cast<std::uint32_t>(program_.operands.size()), 0};
+  const std::size_t open = expression.find('(', word);
+  int depth = 0;
+  std::size_t begin = open + 1;
+  for (std::size_t at = open; open != npos && at <= expression.size(); ++at) {
+    const char c = at < expression.size() ? expression[at] : ')';
+    if (c == '(') ++depth;
+    if (c == ')' && at < expression.size()) --depth;
+    const bool closes = depth == 0 || at == expression.size();
+    if (!closes && !(c == ',' && depth == 1)) continue;
+    const std::string_view argument = std::string_view(expression).substr(begin, at - begin);
+    const std::size_t text = argument.find_first_not_of(' ');
+    if (text == npos) {
+      if (!closes || instruction.choices.count > 0)
+        program_.operands.push_back(number(0.0)), ++instruction.choices.count;
+    } else {
+      const bool is_variable = argument[text] == 'd';
+      program_.operands.push_back(is_variable ? variable(variable_index(argument.substr(text + 1, 2)))
+                                              : number(framework::whole_number(argument.substr(text))));
+      ++instruction.choices.count;
+    }
+    if (closes) break;
+    begin = at + 1;
+  }
+  append(instruction);
+}
+
+// Faults
+// --------------------------------------------------------------------------------------------------------
+
+void FormulaCompiler::fault(std::size_t position) {
+  if (malformed_at_ < 0) malformed_at_ = static_cast<std::int32_t>(position);
+}
+
+/// What is left of the text once its terms are gone may hold numbers, variables, operators and one choice
+/// only.
+void FormulaCompiler::look_for_faults(std::size_t end) {
+  int depth = 0;
+  for (std::size_t at = 0; at < end; ++at) {
+    const char c = work_[at];
+    if (work_.compare(at, 6, "switch") == 0) {
+      at += 5;
+    } else if (c == 'd' && at + 2 < end && is_digit(work_[at + 1]) && is_digit(work_[at + 2])) {
+      at += 2;
+    } else if (c == '(') {
+      ++depth;
+    } else if (c == ')') {
+      if (--depth < 0) return fault(at);
+    } else if (!is_blank(c) && !is_digit(c) && std::string_view(".,+-*/<>=").find(c) == npos) {
+      return fault(at);
+    }
+  }
+  if (depth != 0) fault(end);
+}
+
+}  // namespace analysis

@@ -1,0 +1,111 @@
+#pragma once
+// Turns formula text into instructions. The formula language is defined by what happens to its text: terms
+// are replaced by variables keyword by keyword, then operators by the variables of their results. None of
+// that depends on the measured values, so it is done once, here, and the instructions that it leaves behind
+// can be run on any number of tracings.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tool/analysis/formula.h"
+#include "tool/analysis/formula_scanner.h"
+#include "tool/analysis/mode.h"
+#include "tool/analysis/name_index.h"
+
+namespace analysis {
+
+/// The measurement and reference terms, in the order in which they are substituted.
+enum class Term : std::uint8_t {
+  model,
+  len_r,
+  len_d,
+  len,
+  angle1,
+  angle3,
+  angle2,
+  angle4,
+  item_value,
+  item_sd_units,
+  item_mean,
+  item_sd,
+};
+
+class FormulaCompiler {
+ public:
+  /// `items` resolves item references and may be null; `diagnose` also looks for faults in the text.
+  FormulaCompiler(Program &program, Mode mode, const NameIndex *items, bool diagnose)
+      : program_(program), mode_(mode), items_(items), diagnose_(diagnose) {}
+
+  enum class Extent {
+    whole,  ///< up to the first ';'
+    group,  ///< when the text starts with '(': only up to the first ')'
+  };
+
+  /// Compiles `text`, which must outlive the program. `base` is the number of table entries already in use.
+  Formula compile(std::string_view text, Extent extent = Extent::whole, std::size_t base = 0);
+
+  /// A single term whose keyword has been read: `text` starts right behind it.
+  Formula compile_term(Term term, std::string_view text);
+
+  /// The text as the last compilation left it: evaluated parts are blank.
+  const std::string &consumed_text() const { return work_; }
+
+  struct Point {
+    std::uint32_t node;
+    std::size_t end;  ///< position behind the expression
+  };
+  /// The first point expression at or after `from`.
+  std::optional<Point> compile_point(std::string_view text, std::size_t from);
+
+ private:
+  struct Candidate {
+    std::size_t position;
+    Term term;
+  };
+
+  void start(std::string_view text, std::size_t base);
+  Formula finish(bool group, Operand lone) const;
+  void find_candidates(std::size_t end);
+  void substitute_terms(std::size_t end);
+  void append_term(Term term, std::size_t after_keyword);
+  void append_measurement(Term term, std::size_t after_keyword, Instruction &instruction);
+  void append_model(std::size_t after_keyword, Instruction &instruction);
+  void append_reference(std::size_t after_keyword, Instruction &instruction);
+
+  std::optional<Point> compile_point(std::string_view text, std::size_t from, int depth);
+  Point compile_construction(std::string_view text, const PointStart &start, int depth);
+  std::uint32_t add_point(const PointNode &node);
+
+  Operand reduce(std::string &expression, int depth);
+  void reduce_operators(std::string &expression, std::string_view operators, int depth);
+  void reduce_choice(const std::string &expression);
+  struct Side {
+    Operand operand;
+    std::size_t edge;  ///< first byte of a left operand, byte behind a right operand
+  };
+  Side left_operand(const std::string &expression, std::size_t at, int depth);
+  Side right_operand(const std::string &expression, std::size_t at, int depth);
+  Operand group_operand(std::string group, int depth);
+
+  std::size_t used() const { return base_ + program_.instructions.size() - first_; }
+  bool full() const { return used() >= max_values; }
+  void append(const Instruction &instruction) { program_.instructions.push_back(instruction); }
+  void blank(std::size_t begin, std::size_t end);
+  void fault(std::size_t position);
+  void look_for_faults(std::size_t end);
+
+  Program &program_;
+  Mode mode_;
+  const NameIndex *items_;
+  bool diagnose_;
+
+  std::string_view source_;
+  std::string work_;
+  std::vector<Candidate> candidates_;
+  std::size_t base_ = 0;
+  std::size_t first_ = 0;
+  std::int32_t malformed_at_ = -1;
+};
+
+}  // namespace analysis
