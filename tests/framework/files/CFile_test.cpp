@@ -1,0 +1,214 @@
+#include "tool/framework/files/CFile.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/faulty_file_system.h"
+#include "tests/support/temporary_folder.h"
+#include "tool/framework/files/CFileFind.h"
+#include "tool/framework/files/attributes.h"
+#include "tool/framework/files/last_error.h"
+#include "tool/framework/files/system_paths.h"
+
+namespace {
+
+TEST(CFile, writesSeeksAndReads) {
+  support::TestPlatform platform;
+  CFile file("C:\\x.bin", CFile::modeCreate | CFile::modeReadWrite);
+  file.Write("abcdef", 6);
+  EXPECT_EQ(file.GetLength(), 6u);
+  EXPECT_EQ(file.Seek(2, CFile::begin), 2u);
+  char buffer[10] = {};
+  EXPECT_EQ(file.Read(buffer, 3), 3u);
+  EXPECT_STREQ(buffer, "cde");
+  EXPECT_EQ(file.GetPosition(), 5u);
+  EXPECT_EQ(file.Seek(-1, CFile::end), 5u);
+  EXPECT_EQ(file.Read(buffer, 10), 1u);
+  EXPECT_EQ(file.SeekToEnd(), 6u);
+  EXPECT_THROW(file.Seek(-1, CFile::begin), CFileException);
+  file.SetLength(3);
+  EXPECT_EQ(file.GetLength(), 3u);
+  EXPECT_EQ(file.GetFileName(), "x.bin");
+  file.Close();
+  file.Close();
+  EXPECT_EQ(platform.folder.read("c/x.bin"), "abc");
+}
+
+TEST(CFile, openingFollowsTheFlags) {
+  struct Row {
+    const char *name;
+    UINT flags;
+    bool exists;
+    const char *content;  ///< afterwards; null: cannot be opened
+  };
+  const Row rows[] = {
+      {"read", CFile::modeRead, true, "old"},
+      {"read missing", CFile::modeRead, false, nullptr},
+      {"write", CFile::modeWrite, true, "old"},
+      {"write missing", CFile::modeWrite, false, nullptr},
+      {"create", CFile::modeCreate | CFile::modeWrite, false, ""},
+      {"create again", CFile::modeCreate | CFile::modeWrite | CFile::shareDenyNone, true, ""},
+      {"create, keep", CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite, true, "old"},
+  };
+  for (const Row &row : rows) {
+    const support::TemporaryFolder folder;
+    if (row.exists) folder.write("x", "old");
+    CFile file;
+    CFileException error;
+    EXPECT_EQ(file.Open(folder.path("x").c_str(), row.flags, &error), row.content != nullptr) << row.name;
+    if (row.content)
+      EXPECT_EQ(folder.read("x"), row.content) << row.name;
+    else
+      EXPECT_EQ(error.m_cause, CFileException::fileNotFound) << row.name;
+  }
+}
+
+TEST(CFile, throwsWhatWentWrong) {
+  const support::TemporaryFolder folder;
+  const std::string path = folder.write("x", "abc");
+  const auto cause = [](auto action) {
+    try {
+      action();
+    } catch (const CFileException &error) {
+      return error.m_cause;
+    }
+    return static_cast<int>(CFileException::none);
+  };
+  char byte = 0;
+  CFile closed;
+  CFile reading(path.c_str(), CFile::modeRead);
+  CFile full("/dev/full", CFile::modeWrite);
+  EXPECT_EQ(cause([&] { CFile(folder.path("no").c_str(), CFile::modeRead); }), CFileException::fileNotFound);
+  EXPECT_EQ(GetLastError(), static_cast<DWORD>(ENOENT));
+  EXPECT_EQ(cause([&] { CFile(folder.path().c_str(), CFile::modeRead); }), CFileException::accessDenied);
+  EXPECT_EQ(cause([&] { CFile(nullptr, CFile::modeRead); }), CFileException::fileNotFound);
+  EXPECT_EQ(cause([&] { closed.Read(&byte, 1); }), CFileException::invalidFile);
+  EXPECT_EQ(cause([&] { closed.GetLength(); }), CFileException::invalidFile);
+  EXPECT_EQ(cause([&] { reading.Write("x", 1); }), CFileException::invalidFile);
+  EXPECT_EQ(cause([&] { full.Write("x", 1); }), CFileException::diskFull);
+  EXPECT_EQ(cause([&] { CFile::Remove(folder.path("no").c_str()); }), CFileException::fileNotFound);
+}
+
+TEST(CFile, renamesAndRemovesCarefully) {
+  const support::TemporaryFolder folder;
+  const std::string a = folder.write("a", "a");
+  const std::string b = folder.write("b", "b");
+  EXPECT_THROW(CFile::Rename(a.c_str(), b.c_str()), CFileException);
+  EXPECT_EQ(folder.read("b"), "b");
+  CFile::Rename(a.c_str(), folder.path("A").c_str());
+  CFile::Rename(folder.path("A").c_str(), folder.path("c").c_str());
+  EXPECT_EQ(folder.names(), (std::vector<std::string>{"b", "c"}));
+  folder.make_read_only("b");
+  EXPECT_THROW(CFile::Remove(b.c_str()), CFileException);
+  CFile::Remove(folder.path("c").c_str());
+  EXPECT_EQ(folder.names(), std::vector<std::string>{"b"});
+}
+
+TEST(CFile, tellsStatusAndAttributes) {
+  const support::TemporaryFolder folder;
+  folder.write(".hidden", "12345");
+  folder.write("locked", "");
+  folder.make_read_only("locked");
+  CFileStatus status;
+  ASSERT_TRUE(CFile::GetStatus(folder.path(".hidden").c_str(), status));
+  EXPECT_EQ(status.m_size, 5u);
+  EXPECT_EQ(status.m_attribute, CFileStatus::hidden);
+  ASSERT_TRUE(CFile::GetStatus(folder.path().c_str(), status));
+  EXPECT_TRUE(status.m_attribute & CFileStatus::directory);
+  EXPECT_FALSE(CFile::GetStatus(folder.path("none").c_str(), status));
+
+  const std::string locked = folder.path("locked");
+  EXPECT_EQ(GetFileAttributesA(locked.c_str()), FILE_ATTRIBUTE_READONLY);
+  EXPECT_TRUE(SetFileAttributesA(locked.c_str(), FILE_ATTRIBUTE_NORMAL));
+  EXPECT_EQ(GetFileAttributesA(locked.c_str()), FILE_ATTRIBUTE_NORMAL);
+  EXPECT_TRUE(SetFileAttributesA(locked.c_str(), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN));
+  EXPECT_EQ(GetFileAttributesA(locked.c_str()), FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(GetFileAttributesA(folder.path("none").c_str()), INVALID_FILE_ATTRIBUTES);
+  EXPECT_FALSE(SetFileAttributesA(folder.path("none").c_str(), FILE_ATTRIBUTE_NORMAL));
+}
+
+std::vector<std::string> found(const std::string &pattern) {
+  std::vector<std::string> names;
+  CFileFind finder;
+  for (BOOL more = finder.FindFile(pattern.c_str()); more;) {
+    more = finder.FindNextFile();
+    names.push_back(finder.GetFileName().str());
+  }
+  return names;
+}
+
+TEST(CFileFind, walksAFolder) {
+  using Names = std::vector<std::string>;
+  const support::TemporaryFolder folder;
+  for (const char *name : {"a.txt", "B.TXT", "c", "sub/x", "\xE8\xA1\xA8.txt"}) folder.write(name, "");
+  EXPECT_EQ(found(folder.path("*.*")), (Names{".", "..", "B.TXT", "a.txt", "c", "sub", "\x95\x5C.txt"}));
+  EXPECT_EQ(found(folder.path("\\*")).size(), 7u);
+  EXPECT_EQ(found(folder.path("*.txt")), (Names{"B.TXT", "a.txt", "\x95\x5C.txt"}));
+  EXPECT_EQ(found(folder.path("?.txt")), (Names{"B.TXT", "a.txt", "\x95\x5C.txt"}));
+  EXPECT_EQ(found(folder.path("C")), Names{"c"});
+  EXPECT_EQ(found(folder.path("none*")), Names{});
+  EXPECT_EQ(found(folder.path("none/*")), Names{});
+}
+
+TEST(CFileFind, tellsAboutEachEntry) {
+  const support::TemporaryFolder folder;
+  folder.write(".h.txt", "123");
+  CFileFind finder;
+  ASSERT_TRUE(finder.FindFile(folder.path(".h*").c_str()));
+  EXPECT_FALSE(finder.FindNextFile());
+  EXPECT_EQ(finder.GetFileName(), ".h.txt");
+  EXPECT_EQ(finder.GetFileTitle(), ".h");
+  EXPECT_EQ(finder.GetFilePath(), folder.path(".h.txt").c_str());
+  EXPECT_EQ(finder.GetLength(), 3u);
+  EXPECT_TRUE(finder.IsHidden());
+  EXPECT_FALSE(finder.IsDirectory() || finder.IsDots() || finder.IsSystem() || finder.IsReadOnly());
+}
+
+TEST(Patterns, match) {
+  struct Row {
+    const char *name;
+    const char *pattern;
+    bool matches;
+  };
+  const Row rows[] = {
+      {"abc", "*", true},        {"", "*", true},
+      {"abc", "a*c", true},      {"abc", "a*b", false},
+      {"aab", "*ab", true},      {"abc", "???", true},
+      {"abc", "??", false},      {"\x95\x5C", "?", true},
+      {"\x95\x5C", "??", false}, {"a\x83\x41", "a\x83\x61", false},
+      {"ABC", "abc", true},      {"abc", "*.*", true},
+      {"abc", "", false},        {"abcabcabd", "*abc*abd", true},
+      {"abc", "abc**", true},    {"abc", "abcd", false},
+  };
+  for (const Row &row : rows)
+    EXPECT_EQ(framework::matches_pattern(row.name, row.pattern), row.matches)
+        << row.name << " " << row.pattern;
+}
+
+TEST(SystemPaths, followTheirSizeRules) {
+  support::TestPlatform platform;
+  platform.module = "/opt/tool/ceph";
+  char buffer[32] = "untouched";
+  EXPECT_EQ(GetModuleFileNameA(nullptr, buffer, sizeof buffer), 14u);
+  EXPECT_STREQ(buffer, "/opt/tool/ceph");
+  EXPECT_EQ(GetModuleFileNameA(nullptr, buffer, 5), 4u);
+  EXPECT_STREQ(buffer, "/opt");
+  EXPECT_EQ(GetTempPathA(sizeof buffer, buffer), 8u);
+  EXPECT_STREQ(buffer, "C:\\temp\\");
+  EXPECT_EQ(GetTempPathA(8, buffer), 9u);
+  platform.temporary.clear();
+  EXPECT_EQ(GetTempPathA(sizeof buffer, buffer), 0u);
+}
+
+TEST(SystemPaths, moveTheCurrentFolder) {
+  const support::CurrentFolderScope scope;
+  const support::TemporaryFolder folder;
+  folder.write("Sub/x", "");
+  char buffer[1000];
+  EXPECT_TRUE(SetCurrentDirectoryA(folder.path("sub\\").c_str()));
+  ASSERT_GT(GetCurrentDirectoryA(sizeof buffer, buffer), 0u);
+  EXPECT_TRUE(std::filesystem::equivalent(buffer, folder.path("Sub")));
+  EXPECT_FALSE(SetCurrentDirectoryA(folder.path("none").c_str()));
+  EXPECT_EQ(GetLastError(), static_cast<DWORD>(ENOENT));
+}
+
+}  // namespace
