@@ -15,14 +15,12 @@ using LONGLONG = std::int64_t;
 
 /// What GetStatus tells about a file. Times are seconds since 1970.
 struct CFileStatus {
-  enum Attribute {
-    normal = 0x00,
-    readOnly = 0x01,
-    hidden = 0x02,
-    system = 0x04,
-    directory = 0x10,
-    archive = 0x20
-  };
+  static constexpr BYTE normal = 0x00;
+  static constexpr BYTE readOnly = 0x01;
+  static constexpr BYTE hidden = 0x02;
+  static constexpr BYTE system = 0x04;
+  static constexpr BYTE directory = 0x10;
+  static constexpr BYTE archive = 0x20;
 
   std::time_t m_ctime = 0;  ///< created
   std::time_t m_mtime = 0;  ///< modified
