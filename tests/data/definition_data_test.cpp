@@ -217,6 +217,27 @@ TEST(ShippedData, ReferencesNameItemsOfTheirFileWithoutKeywordsAndCycles) {
   }
 }
 
+// A picked alternative with a double quote is shown as it stands: it must be one quoted answer and not a
+// formula.
+TEST(ShippedData, ChoicesAnswerWithAQuotedTextOrAFormulaWithoutQuotes) {
+  int choices = 0;
+  for (const fs::path &path : definition_files()) {
+    Blocks blocks = blocks_of(path);
+    for (const std::string &formula : formulas_of(blocks)) {
+      if (!formula.starts_with("switch(")) continue;
+      ++choices;
+      const auto alternatives = split(formula, ";");
+      // One for each argument and one for the case that none of them holds.
+      EXPECT_EQ(std::count(alternatives[0].begin(), alternatives[0].end(), ',') + 3,
+                static_cast<std::ptrdiff_t>(alternatives.size()))
+          << formula;
+      for (std::size_t i = 1; i < alternatives.size(); ++i)
+        EXPECT_TRUE(std::regex_match(alternatives[i], std::regex("\"[^\"]+\"|[^\"]+"))) << formula;
+    }
+  }
+  EXPECT_GE(choices, 8);
+}
+
 TEST(ShippedData, GrowthStagesAreOneForEachNormColumnAndFollowEachOther) {
   for (const fs::path &path : definition_files()) {
     SCOPED_TRACE(short_name(path));
