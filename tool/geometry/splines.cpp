@@ -97,6 +97,17 @@ std::optional<Chord> CurveWalk::next() {
   return chord;
 }
 
+std::vector<CPointD> kept_points(ControlPoints points, CurveEnds ends) {
+  std::vector<CPointD> kept;
+  const bool walked = points.count() > 2;
+  // What comes before the first chord: an open curve's start, or both ends of a closed curve's span 0.
+  const int leading = !walked ? points.count() : ends == CurveEnds::closed ? 2 : 1;
+  for (int i = 0; i < leading; ++i) kept.push_back(points[i]);
+  CurveWalk walk(points, StepFloor::none, ends);
+  while (const auto chord = walk.next()) kept.push_back(chord->to);
+  return kept;
+}
+
 // Measuring
 // --------------------------------------------------------------------------------------------------
 
