@@ -1,6 +1,7 @@
 // ceph analyses: what the analysis-item folder offers.
 
 #include <CLI/CLI.hpp>
+#include <cctype>
 #include <memory>
 
 #include "apps/ceph/commands.h"
@@ -20,6 +21,7 @@ Table modes_table(analysis::Mode mode) {
   Table table;
   table.key = "modes";
   table.title = mode_name(mode);
+  table.title.front() = static_cast<char>(std::toupper(table.title.front()));
   table.columns = {
       {"index", "Index", Align::right}, {"title", "Title"}, {"file", "File"}, {"comment", "Comment"}};
   table.columns.back().audience = Audience::data;

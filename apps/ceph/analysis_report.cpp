@@ -20,7 +20,8 @@ std::string utf8(std::string_view cp932) {
 
 std::string signed_decimal(double value) {
   std::array<char, 400> text{};
-  std::snprintf(text.data(), text.size(), "%+.1f", value);
+  const bool zero = std::abs(value) < 0.05;
+  std::snprintf(text.data(), text.size(), zero ? "%.1f" : "%+.1f", zero ? 0.0 : value);
   return text.data();
 }
 
@@ -46,6 +47,7 @@ Row table_row(const analysis::TableRow &row, bool with_second_value) {
   result.cells = {plain(row.item), plain(row.mean, row.mean_number), plain(row.sd, row.sd_number),
                   plain(row.value, row.number)};
   result.cells.back().tone = tone;
+  result.cells.back().spans = !row.number && !row.value.empty() && row.second_value.empty();
   if (with_second_value) result.cells.push_back(plain(row.second_value));
   result.cells.push_back({units ? signed_decimal(*units) : "", units, tone});
   result.cells.push_back({units ? signed_decimal(*units) : "", units, tone, true, mirrored});
@@ -96,7 +98,7 @@ Table analysis_table(std::span<const analysis::TableRow> rows, bool with_second_
   table.columns = {{"item", "Measurement"},
                    {"mean", "Norm", Align::right},
                    {"sd", "SD", Align::right},
-                   {"value", with_second_value ? "Left" : "Value", Align::right}};
+                   {"value", with_second_value ? "Value, left" : "Value", Align::right}};
   if (with_second_value) table.columns.push_back({"second_value", "Right", Align::right});
   table.columns.push_back({"deviation", "Dev.", Align::right});
   table.columns.push_back({"bar", "-3 to +3 SD", Align::left, Audience::shown});

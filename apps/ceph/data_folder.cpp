@@ -15,8 +15,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The application object whose profile tells the library its folder. The profile is this run's alone: what the
-/// command line says must not outlive it.
+/// The application object whose profile tells the library its folder. The profile is this run's alone: what
+/// the command line says must not outlive it.
 CWinApp &application() {
   static CWinApp the_application("ceph");
   static const bool in_memory = (the_application.UseMemoryProfile(), true);
@@ -82,9 +82,18 @@ std::optional<int> as_index(std::string_view text) {
   return value;
 }
 
-/// An index, or the title with letter case ignored.
-bool selects(const LoadedAnalysis &one, std::string_view wanted, std::optional<int> index) {
-  return index ? one.index == *index : folded(one.title) == folded(wanted);
+/// Position of the analysis with this index, with this title, or the only one whose title holds the text;
+/// letter case does not count.
+std::optional<std::size_t> position_of(const std::vector<LoadedAnalysis> &all, std::string_view wanted) {
+  const std::optional<int> index = as_index(wanted);
+  const std::string text = folded(wanted);
+  std::vector<std::size_t> holding;
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    if (index ? all[i].index == *index : folded(all[i].title) == text) return i;
+    if (!index && folded(all[i].title).find(text) != std::string::npos) holding.push_back(i);
+  }
+  if (holding.size() != 1) return std::nullopt;
+  return holding.front();
 }
 
 [[noreturn]] void not_found(analysis::Mode mode, std::string_view wanted,
@@ -93,8 +102,9 @@ bool selects(const LoadedAnalysis &one, std::string_view wanted, std::optional<i
   for (const LoadedAnalysis &one : all) titles.push_back(one.title);
   const std::string right =
       as_index(wanted) ? "0 to " + std::to_string(all.back().index) : suggest(wanted, titles);
-  throw CommandError(ExitCode::usage, "no " + std::string(mode_name(mode)) + " analysis is called " +
-                                          in_quotes(wanted) + "; --analysis; " + right);
+  throw CommandError(ExitCode::usage, "no " + std::string(mode_name(mode)) +
+                                          " analysis, or more than one, is called " + in_quotes(wanted) +
+                                          "; --analysis; " + right);
 }
 
 }  // namespace
@@ -146,11 +156,10 @@ std::vector<LoadedAnalysis> load_analyses(analysis::Mode mode, std::string_view 
                                                std::string(mode_name(mode)) +
                                                " analysis; its list.txt; the analysis-item folder (--data)");
   if (wanted == "all") return all;
-  const std::optional<int> index = wanted.empty() ? all.front().index : as_index(wanted);
+  const auto position = wanted.empty() ? std::optional<std::size_t>(0) : position_of(all, wanted);
+  if (!position) not_found(mode, wanted, all);
   std::vector<LoadedAnalysis> chosen;
-  for (LoadedAnalysis &one : all)
-    if (chosen.empty() && selects(one, wanted, index)) chosen.push_back(std::move(one));
-  if (chosen.empty()) not_found(mode, wanted, all);
+  chosen.push_back(std::move(all[*position]));
   return chosen;
 }
 

@@ -1,4 +1,4 @@
-// ceph eval: formulas and points on a tracing.
+// ceph eval: a formula or a point on a tracing.
 
 #include <CLI/CLI.hpp>
 #include <array>
@@ -17,8 +17,7 @@ namespace app {
 namespace {
 
 struct Options {
-  std::vector<std::string> formulas;
-  std::string tracing, analysis;
+  std::string formula, tracing, analysis;
   InputOptions input;
   DataOptions data;
   PatientOptions patient;
@@ -81,9 +80,13 @@ Row row_of(const std::string &formula, const Context &context) {
   return name ? point_row(formula, *name, context) : formula_row(formula, *cp932, context);
 }
 
-/// One value asked for as text is printed alone, for scripts.
-bool is_plain_answer(const Table &table, const OutputOptions &output) {
-  return output.format == Format::text && table.rows.size() == 1 && table.rows.front().reason.empty();
+Table value_table(const std::string &formula, const Context &context) {
+  Table table;
+  table.key = "values";
+  table.columns = {{"formula", "Formula"}, {"value", "Value"}, {"x", "x"}, {"y", "y"}};
+  table.value_column = 1;
+  table.rows.push_back(row_of(formula, context));
+  return table;
 }
 
 int run(const Options &options) {
@@ -98,32 +101,24 @@ int run(const Options &options) {
   const analysis::DefinitionFile no_file{std::string()};
   const Context context{file.tracing(), patient.for_norms(references ? references->file() : no_file),
                         references, options.precision.chosen};
-  Table table;
-  table.key = "values";
-  table.columns = {{"formula", "Formula"}, {"value", "Value"}, {"x", "x"}, {"y", "y"}};
-  table.columns[2].audience = table.columns[3].audience = Audience::data;
-  table.value_column = 1;
-  bool formed = true;
-  for (const std::string &formula : options.formulas) {
-    table.rows.push_back(row_of(formula, context));
-    formed = formed && table.rows.back().reason.empty();
-  }
-  if (is_plain_answer(table, options.output)) {
-    deliver_text(table.rows.front().cells[1].text + '\n', options.output);
-  } else {
-    Report report;
-    report.tables.push_back(std::move(table));
+  Report report;
+  report.tables.push_back(value_table(options.formula, context));
+  const Row &row = report.tables.front().rows.front();
+  const bool formed = row.reason.empty();
+  if (options.output.format == Format::text)  // the bare answer, for scripts
+    deliver_text((formed ? row.cells[1].text : printable(row.reason)) + '\n', options.output);
+  else
     deliver(report, options.output);
-  }
   return static_cast<int>(formed ? ExitCode::done : ExitCode::negative);
 }
 
 }  // namespace
 
 void add_eval_command(CLI::App &program, int &exit_code) {
-  CLI::App *command = program.add_subcommand("eval", "Evaluate formulas, or points like [Xi], on a tracing");
+  CLI::App *command = program.add_subcommand("eval", "Evaluate a formula on a tracing");
   const auto options = std::make_shared<Options>();
-  command->add_option("FORMULA", options->formulas, "Formulas of the definition language")->required();
+  command->add_option("FORMULA", options->formula, "Formula of the definition language, or a point like [Xi]")
+      ->required();
   command->add_option("--on", options->tracing, "JSON or CSV tracing; - reads standard input")
       ->type_name("TRACING")
       ->required();

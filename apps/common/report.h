@@ -20,6 +20,7 @@ struct Cell {
   Tone tone = Tone::plain;
   bool bar = false;       ///< the cell shows `number` on a scale of -3 to 3 SD units
   bool mirrored = false;  ///< of a bar: high values to the left
+  bool spans = false;     ///< a text that takes the rest of its row when shown
 };
 
 enum class Align { left, right };

@@ -124,6 +124,7 @@ std::string row_html(const Table &table, const Row &row) {
     if (!row.reason.empty() && i == table.value_column)
       return text + spanning(visible - written, "reason", row.reason) + "</tr>\n";
     if (!shown(table.columns[i])) continue;
+    if (row.cells[i].spans) return text + spanning(visible - written, "", row.cells[i].text) + "</tr>\n";
     text += cell_html(table.columns[i], row.cells[i]);
     ++written;
   }

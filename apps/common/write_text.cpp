@@ -90,7 +90,7 @@ std::vector<std::size_t> widths(const Table &table) {
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
     std::size_t width = display_width(column_title(table, i));
     for (const Row &row : table.rows) {
-      if (row.heading || (!row.reason.empty() && i >= table.value_column)) continue;
+      if (row.heading || row.cells[i].spans || (!row.reason.empty() && i >= table.value_column)) continue;
       width = std::max(width, row.cells[i].bar ? bar_width : display_width(printable(row.cells[i].text)));
     }
     all.push_back(width);
@@ -152,6 +152,7 @@ class TableWriter {
         return line + painter_.paint(printable(row.reason), Tone::reason);
       if (!shown(column)) continue;
       const Cell &cell = row.cells[i];
+      if (cell.spans) return line + painter_.paint(printable(cell.text), cell.tone);
       const std::string content = cell.bar ? bar(cell) : printable(cell.text);
       line += painter_.paint(padded(content, column.align, widths_[i]), cell.tone) + std::string(gap);
     }

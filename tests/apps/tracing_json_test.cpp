@@ -272,7 +272,7 @@ INSTANTIATE_TEST_SUITE_P(
                "\"P12\" is missing", "at /vertebrae", "P21"},
         Broken{"Deep", std::string(100000, '['), "nested too deep", "", "16"},
         Broken{"ManyValues", many_values(), "more values", "", ""}),
-    [](const auto &info) { return std::string(info.param.name); });
+    [](const auto &row) { return std::string(row.param.name); });
 
 TEST(JsonTracing, RefusesMoreThan16MiB) {
   const std::string text(app::max_tracing_bytes + 1, ' ');

@@ -1,0 +1,5 @@
+#include "apps/ceph/program.h"
+
+int main(int argc, char **argv) {
+  return app::run_program(argc, argv);
+}
