@@ -1,6 +1,7 @@
 // ceph eval: a formula or a point on a tracing.
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <memory>
@@ -11,6 +12,7 @@
 #include "apps/ceph/output.h"
 #include "apps/common/names.h"
 #include "tool/analysis/evaluation.h"
+#include "tool/api/CCephCalc.h"
 #include "tool/framework/text/cp932.h"
 
 namespace app {
@@ -31,16 +33,30 @@ std::string full_number(double value) {
   return text.data();
 }
 
-/// The name when the whole text is one point in square brackets.
-std::optional<std::string_view> point_name(std::string_view text) {
+std::string_view trimmed(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  if (text.size() < 2 || text.front() != '[' || text.find(']') != text.size() - 1) return std::nullopt;
-  return text.substr(1, text.size() - 2);
+  return text;
+}
+
+/// The whole text is one point in square brackets or one construction of points.
+bool is_point(std::string_view text) {
+  constexpr std::array<std::string_view, 6> constructions{"mid(",           "vertical(",  "cross(",
+                                                          "AngleBisector(", "extension(", "EffectiveA("};
+  if (text.starts_with('[')) return text.find(']') == text.size() - 1;
+  const auto begins = [&](std::string_view keyword) { return text.starts_with(keyword); };
+  if (std::none_of(constructions.begin(), constructions.end(), begins)) return false;
+  int depth = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '(') ++depth;
+    if (text[i] == ')' && --depth == 0) return i + 1 == text.size();
+  }
+  return false;
 }
 
 /// What formulas are evaluated with.
 struct Context {
+  TracingFile &file;
   analysis::Tracing tracing;
   analysis::Patient patient;
   const analysis::Analysis *references;
@@ -51,11 +67,21 @@ struct Context {
   }
 };
 
-Row point_row(const std::string &formula, std::string_view name, const Context &context) {
-  const analysis::ResolvedPoint point = analysis::resolve_point(name, context.tracing);
+CPointD point_position(std::string text, TracingFile &file) {
+  unsigned short virtuals = file.virtual_count();
+  unsigned short users = file.user_count();
+  return CCephCalc::Calc_Point(static_cast<int>(file.mode()), text.data(), file.record_address(), &virtuals,
+                               file.virtual_points.data(), &users, file.user_points.data());
+}
+
+/// The reason is that of a length between the point and itself.
+Row point_row(const std::string &formula, const std::string &cp932, const Context &context) {
+  const CPointD point = point_position(cp932, context.file);
+  const std::string length = "len(" + cp932 + ',' + cp932 + ')';
+  const auto reason = analysis::evaluate_formula(length, context.tracing, context.patient).reason;
   const std::string x = context.number(point.x), y = context.number(point.y);
   Row row{false, {{formula, {}}, {'(' + x + ", " + y + ')', {}}, {x, point.x}, {y, point.y}}, {}};
-  if (point.reason) row.reason = reason_text(*point.reason);
+  if (reason) row.reason = reason_text(*reason);
   return row;
 }
 
@@ -76,8 +102,8 @@ Row row_of(const std::string &formula, const Context &context) {
   if (!cp932)
     throw CommandError(ExitCode::usage,
                        "the formula " + in_quotes(formula) + " has letters that code page 932 lacks");
-  const auto name = point_name(*cp932);
-  return name ? point_row(formula, *name, context) : formula_row(formula, *cp932, context);
+  const std::string text(trimmed(*cp932));
+  return is_point(text) ? point_row(formula, text, context) : formula_row(formula, text, context);
 }
 
 Table value_table(const std::string &formula, const Context &context) {
@@ -90,7 +116,7 @@ Table value_table(const std::string &formula, const Context &context) {
 }
 
 int run(const Options &options) {
-  const TracingFile file = options.input.read(options.tracing);
+  TracingFile file = options.input.read(options.tracing);
   std::vector<LoadedAnalysis> analyses;
   if (!options.analysis.empty()) {
     use_data_folder(options.data.folder);
@@ -99,9 +125,10 @@ int run(const Options &options) {
   const PatientContext patient(file, options.patient);
   const analysis::Analysis *references = analyses.empty() ? nullptr : &analyses.front().analysis;
   const analysis::DefinitionFile no_file{std::string()};
-  const Context context{file.tracing(), patient.for_norms(references ? references->file() : no_file),
+  const Context context{file, file.tracing(), patient.for_norms(references ? references->file() : no_file),
                         references, options.precision.chosen};
   Report report;
+  report.title = options.formula;
   report.tables.push_back(value_table(options.formula, context));
   const Row &row = report.tables.front().rows.front();
   const bool formed = row.reason.empty();
