@@ -270,7 +270,7 @@ ItemOutcome Evaluator::remember_item(std::size_t index, Memory &memory) {
   const ItemOutcome outcome = evaluate_item(index);
   running_[index] = static_cast<unsigned char>(running_[index] & ~running_value);
   --depth_;
-  if (cuts_ == cuts_before || depth_ == 0) memory = {true, outcome, reason_};
+  if (cuts_ == cuts_before) memory = {true, outcome, reason_};
   if (outer) reason_ = std::move(outer);
   return outcome;
 }
