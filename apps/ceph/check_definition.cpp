@@ -121,7 +121,8 @@ class DefinitionCheck {
       if (fresh || trim(item.text).empty() || !item.has_formula()) continue;
       source_.report(item.line, 0, Severity::warning,
                      "item " + show(item.text) + " already stands in line " +
-                         std::to_string(first->second + 1) + "; references and norms take that one");
+                         std::to_string(source_.number_of(first->second)) +
+                         "; references and norms take that one");
     }
   }
 
@@ -213,8 +214,8 @@ class DefinitionCheck {
       }
       if (used) continue;
       source_.report(norm.line, 0, Severity::warning,
-                     "never used: line " + std::to_string(earlier + 1) + " already gives this norm of " +
-                         show(norm.item));
+                     "never used: line " + std::to_string(source_.number_of(earlier)) +
+                         " already gives this norm of " + show(norm.item));
     }
   }
 

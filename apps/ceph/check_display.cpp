@@ -35,7 +35,7 @@ class DisplayCheck {
   void run() {
     source_.check_bytes();
     if (trim(source_.file().title()).empty())
-      source_.report_file(Severity::warning, "has no title; the setting is left out of the list");
+      source_.report_file(Severity::warning, "the file has no title; the setting is left out of the list");
     for (std::size_t i = 0; i < source_.lines().size() && !ended_; ++i) {
       const std::string_view text = source_.lines()[i].text;
       if (std::find(sections.begin(), sections.end(), text) != sections.end())

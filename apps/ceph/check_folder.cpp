@@ -69,14 +69,14 @@ struct FileText {
 FileText read_file(const std::string &path) {
   framework::FileSystem &disk = framework::file_system();
   const framework::OpenFile file(path.c_str(), {.read = true});
-  if (!file) return {{}, std::string("cannot be opened: ") + std::strerror(errno)};
+  if (!file) return {{}, std::string("the file cannot be opened: ") + std::strerror(errno)};
   const auto status = disk.status(file.handle());
-  if (!status) return {{}, std::string("cannot be read: ") + std::strerror(errno)};
-  if (!status->is_regular) return {{}, "is not a file"};
-  if (status->size > max_file_bytes) return {{}, "is larger than 16 MiB and was not examined"};
+  if (!status) return {{}, std::string("the file cannot be read: ") + std::strerror(errno)};
+  if (!status->is_regular) return {{}, "this is not a file"};
+  if (status->size > max_file_bytes) return {{}, "the file is larger than 16 MiB and was not examined"};
   std::string text(static_cast<std::size_t>(status->size), '\0');
   const auto got = framework::read_fully(file.handle(), text.data(), text.size());
-  if (got < 0) return {{}, std::string("cannot be read: ") + std::strerror(errno)};
+  if (got < 0) return {{}, std::string("the file cannot be read: ") + std::strerror(errno)};
   text.resize(static_cast<std::size_t>(got));
   return {std::move(text), {}};
 }
@@ -92,7 +92,8 @@ class FolderCheck {
         report_(report) {
     auto names = framework::file_system().list(path_.c_str());
     if (!names) {
-      finding(shown_.empty() ? "." : shown_, std::string("cannot be listed: ") + std::strerror(errno));
+      finding(shown_.empty() ? "." : shown_,
+              std::string("the folder cannot be listed: ") + std::strerror(errno));
       return;
     }
     names_ = std::move(*names);
@@ -125,15 +126,16 @@ class FolderCheck {
   void surgery() {
     const auto name = find_name(names_, rule_.direct_file);
     if (!name)
-      return finding(shown(std::string(rule_.direct_file)), "is missing: the surgery analysis is empty");
+      return finding(shown(std::string(rule_.direct_file)),
+                     "the file is missing: the surgery analysis is empty");
     examine(*name, false);
   }
 
   void direct_file() {
     const auto name = find_name(names_, rule_.direct_file);
     if (!name)
-      finding(shown(std::string(rule_.direct_file)), "is missing: the built-in lateral analysis has no norms",
-              Severity::warning);
+      finding(shown(std::string(rule_.direct_file)),
+              "the file is missing: the built-in lateral analysis has no norms", Severity::warning);
     else if (examined_.emplace(folded(*name), 0).second)
       examine(*name, false);
   }
@@ -142,7 +144,7 @@ class FolderCheck {
   // ---------------------------------------------------------------------------------------------------
   void list() {
     const auto name = find_name(names_, "list.txt");
-    if (!name) return finding(shown("list.txt"), "is missing: no file of this folder is found");
+    if (!name) return finding(shown("list.txt"), "the list is missing: no file of this folder is found");
     auto source = open(*name);
     if (!source) return;
     source->check_bytes();
@@ -153,7 +155,7 @@ class FolderCheck {
       empty = false;
       entry(*source, i, line);
     }
-    if (empty) source->report_file(Severity::warning, "lists no file");
+    if (empty) source->report_file(Severity::warning, "the list names no file");
   }
 
   void entry(Source &source, std::size_t line, std::string_view text) {
@@ -196,7 +198,8 @@ class FolderCheck {
       if (!is_text_file(name) || folded(name) == "list.txt" || examined_.count(folded(name)) != 0) continue;
       const DefinitionSummary summary = examine(name, false);
       const bool linked_norms = rule_.kind == RecordKind::model && summary.has_norms && !summary.has_items;
-      if (!linked_norms) finding(shown(name), "is not in list.txt and is never shown", Severity::warning);
+      if (!linked_norms)
+        finding(shown(name), "the file is not in list.txt and is never shown", Severity::warning);
     }
   }
 
@@ -208,7 +211,7 @@ class FolderCheck {
       return {};
     }
     const DefinitionSummary summary = check_definition(*source, vocabulary_);
-    if (listed && !summary.has_title) source->report_file(Severity::warning, "has no title");
+    if (listed && !summary.has_title) source->report_file(Severity::warning, "the file has no title");
     return summary;
   }
 

@@ -408,8 +408,12 @@ class Reader {
     if (end == std::string_view::npos) return fail_at(start - 1, "this '[' is never closed");
     const std::string_view name = text_.substr(start, end - start);
     if (name.empty()) problem(start, Severity::error, "the point has no name");
+    if (name.find_first_of("[,") != std::string_view::npos)
+      problem(start, Severity::error, shown(name) + " is no point name; a ']' seems to be missing");
     if (name.size() > max_name_bytes) problem(start, Severity::error, "a point name holds at most 99 bytes");
-    if (!name.empty() && name.size() <= max_name_bytes) report_.points.push_back({base_ + start, name});
+    const bool sound =
+        !name.empty() && name.size() <= max_name_bytes && name.find_first_of("[,") == std::string_view::npos;
+    if (sound) report_.points.push_back({base_ + start, name});
     at_ = end + 1;
   }
 
@@ -499,10 +503,13 @@ std::string_view check_kind_suffix(std::string_view formula, FormulaReport &repo
   if (colon == std::string_view::npos) return formula;
   const std::string_view rest = formula.substr(colon + 1);
   const std::string_view digits = trimmed(rest);
-  if (std::count(formula.begin(), formula.begin() + static_cast<std::ptrdiff_t>(colon), '"') % 2 != 0)
+  const auto quotes = std::count(formula.begin(), formula.begin() + static_cast<std::ptrdiff_t>(colon), '"');
+  if (quotes % 2 != 0) {
     add(report, colon, Severity::error,
         "a ':' inside quotes begins the kind suffix; choose a text without it");
-  else if (rest.find(':') != std::string_view::npos)
+    return {};
+  }
+  if (rest.find(':') != std::string_view::npos)
     add(report, colon + 1 + rest.find(':'), Severity::error,
         "a second ':'; one kind suffix ends the formula");
   else if (digits.empty())

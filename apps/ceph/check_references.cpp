@@ -93,7 +93,8 @@ class ReferenceCheck {
   void use_of(const FormulaLine &line, const ItemUse &use, std::string_view place, std::size_t item) {
     if (!items_[item].has_formula())
       return source_.report_at(line.line, place, Severity::error,
-                               show(place) + " in line " + std::to_string(items_[item].line + 1) +
+                               show(place) + " in line " +
+                                   std::to_string(source_.number_of(items_[item].line)) +
                                    " is a heading without a formula; the reference counts 0");
     missing_norm(line, place, use.wants_mean, means_, "mean");
     missing_norm(line, place, use.wants_sd, sds_, "standard deviation");

@@ -9,11 +9,13 @@
 namespace app::check {
 namespace {
 
-/// Characters from the start of the line to the byte, counted from 1.
+/// Number of the character that holds the byte, counted from 1.
 std::size_t column_of(std::string_view line, std::size_t byte) {
   std::size_t column = 1;
-  for (std::size_t at = 0; at < std::min(byte, line.size()); at = framework::next_character(line, at))
-    ++column;
+  for (std::size_t at = 0; at < std::min(byte, line.size()); ++column) {
+    at = framework::next_character(line, at);
+    if (at > byte) break;
+  }
   return column;
 }
 
@@ -22,7 +24,15 @@ constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
 }  // namespace
 
 Source::Source(std::string file, std::string text, std::vector<Finding> &findings)
-    : name_(std::move(file)), file_(std::move(text)), findings_(findings) {}
+    : name_(std::move(file)), file_(std::move(text)), findings_(findings) {
+  std::size_t number = 1;
+  for (std::size_t i = 0; i < lines().size(); ++i) {
+    numbers_.push_back(number);
+    const std::size_t end = lines()[i].offset + whole_line(i).size();
+    const bool ended_by_nul = end < file_.text().size() && file_.text()[end] == '\0';
+    number += ended_by_nul ? 0 : 1;
+  }
+}
 
 void Source::add(Finding finding) {
   ++reported_;
@@ -33,7 +43,7 @@ void Source::add(Finding finding) {
 }
 
 void Source::report(std::size_t line, std::size_t byte, Severity severity, std::string message) {
-  add({name_, line + 1, column_of(whole_line(line), byte), severity, std::move(message)});
+  add({name_, number_of(line), column_of(whole_line(line), byte), severity, std::move(message)});
 }
 
 void Source::report_at(std::size_t line, std::string_view place, Severity severity, std::string message) {
@@ -58,22 +68,28 @@ std::string_view Source::whole_line(std::size_t line) const {
 }
 
 void Source::check_bytes() {
-  if (file_.text().substr(0, utf8_mark.size()) == utf8_mark)
-    report_file(Severity::error,
-                "starts with a UTF-8 byte order mark; save the file as Shift-JIS (code page 932)");
   check_code_page();
   check_line_ends();
   check_lengths();
 }
 
 void Source::check_code_page() {
+  const std::string_view text = file_.text();
+  if (text.substr(0, utf8_mark.size()) == utf8_mark)
+    return report_file(
+        Severity::error,
+        "the file starts with a UTF-8 byte order mark; save the file as Shift-JIS (code page 932)");
+  std::optional<bool> is_utf8;
   for (std::size_t i = 0; i < lines().size(); ++i) {
     const std::string_view line = whole_line(i);
     std::size_t bad = 0;
     if (framework::utf8_from_cp932(line, &bad)) continue;
+    if (!is_utf8) is_utf8 = framework::cp932_from_utf8(text).has_value();
     report(i, bad, Severity::error,
            "the byte at offset " + std::to_string(lines()[i].offset + bad) +
-               " begins no character of code page 932; the engine reads Shift-JIS only");
+               " begins no character of code page 932" +
+               (*is_utf8 ? "; the file is UTF-8, save it as Shift-JIS" : ""));
+    if (*is_utf8) return;
   }
 }
 
@@ -124,7 +140,7 @@ std::string show(std::string_view cp932) {
 }
 
 std::string Source::did_you_mean(std::string_view name, std::span<const std::string_view> candidates) const {
-  constexpr std::size_t max_candidates = 5000;  // a hostile file must not cost minutes
+  constexpr std::size_t max_candidates = 1000;  // a hostile file must not cost minutes
   if (reported_ >= max_findings) return {};
   const auto near = nearest_name(name, candidates.subspan(0, std::min(candidates.size(), max_candidates)));
   return near ? "; did you mean " + show(*near) + "?" : std::string();

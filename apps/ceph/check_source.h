@@ -32,6 +32,9 @@ class Source {
   std::span<const analysis::Line> lines() const { return file_.lines(); }
   const analysis::DefinitionFile &file() const { return file_; }
 
+  /// As an editor counts, from 1: a NUL byte ends a line for the engine only.
+  std::size_t number_of(std::size_t line) const { return numbers_[line]; }
+
   /// `byte` counts from the start of line `line` (0-based index into lines()).
   void report(std::size_t line, std::size_t byte, Severity severity, std::string message);
   /// `place` is a part of the line's text.
@@ -58,6 +61,7 @@ class Source {
   std::string name_;
   analysis::DefinitionFile file_;
   std::vector<Finding> &findings_;
+  std::vector<std::size_t> numbers_;  // of the lines, in an editor
   std::size_t reported_ = 0;
 };
 

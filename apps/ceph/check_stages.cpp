@@ -132,9 +132,9 @@ class StageCheck {
   void report_overlap(const Stage &a, const Stage &b) {
     const auto [earlier, later] = std::minmax(a.line, b.line);
     if (!reported_.emplace(earlier, later).second) return;
-    source_.report(
-        later, 0, Severity::warning,
-        "overlaps the stage in line " + std::to_string(earlier + 1) + "; where both match this one decides");
+    source_.report(later, 0, Severity::warning,
+                   "overlaps the stage in line " + std::to_string(source_.number_of(earlier)) +
+                       "; where both match this one decides");
   }
 
   Source &source_;
