@@ -151,7 +151,7 @@ int CListCtrl::FindItem(const LVFINDINFO *wanted, int start) const {
     if ((wanted->flags & LVFI_PARTIAL) != 0) own = own.substr(0, text.size());
     return framework::equal_ignoring_case(own, text);
   };
-  const auto from = rows_.begin() + std::clamp(start, -1, GetItemCount() - 1) + 1;
+  const auto from = rows_.begin() + (std::clamp(start, -1, GetItemCount() - 1) + 1);
   auto found = std::find_if(from, rows_.end(), matches);
   if (found == rows_.end() && (wanted->flags & LVFI_WRAP) != 0) {
     found = std::find_if(rows_.begin(), from, matches);
