@@ -111,9 +111,9 @@ TEST(CFile, tellsStatusAndAttributes) {
   CFileStatus status;
   ASSERT_TRUE(CFile::GetStatus(folder.path(".hidden").c_str(), status));
   EXPECT_EQ(status.m_size, 5u);
-  EXPECT_EQ(status.m_attribute, CFileStatus::hidden);
+  EXPECT_EQ(status.m_attribute, CFile::hidden);
   ASSERT_TRUE(CFile::GetStatus(folder.path().c_str(), status));
-  EXPECT_TRUE(status.m_attribute & CFileStatus::directory);
+  EXPECT_TRUE(status.m_attribute & CFile::directory);
   EXPECT_FALSE(CFile::GetStatus(folder.path("none").c_str(), status));
 
   const std::string locked = folder.path("locked");

@@ -15,18 +15,11 @@ using LONGLONG = std::int64_t;
 
 /// What GetStatus tells about a file. Times are seconds since 1970.
 struct CFileStatus {
-  static constexpr BYTE normal = 0x00;
-  static constexpr BYTE readOnly = 0x01;
-  static constexpr BYTE hidden = 0x02;
-  static constexpr BYTE system = 0x04;
-  static constexpr BYTE directory = 0x10;
-  static constexpr BYTE archive = 0x20;
-
   std::time_t m_ctime = 0;  ///< created
   std::time_t m_mtime = 0;  ///< modified
   std::time_t m_atime = 0;  ///< accessed
   ULONGLONG m_size = 0;     ///< bytes
-  BYTE m_attribute = normal;
+  BYTE m_attribute = 0;     ///< CFile::Attribute bits
   CString m_szFullName;
 };
 
@@ -47,6 +40,8 @@ class CFile {
     typeText = 0x4000,        ///< no effect: bytes stay as they are
     typeBinary = 0x8000,
   };
+  /// A leading dot makes a file hidden; no file is a system file.
+  enum Attribute { normal = 0x00, readOnly = 0x01, hidden = 0x02, directory = 0x10, archive = 0x20 };
   enum SeekPosition : UINT { begin = 0, current = 1, end = 2 };
 
   CFile() = default;
