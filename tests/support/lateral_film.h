@@ -1,5 +1,6 @@
 #pragma once
-// A lateral tracing of an adult, face to the right, 0.1 mm per pixel, with every landmark in a plausible place.
+// A lateral tracing of an adult, face to the right, 0.1 mm per pixel, with every landmark in a plausible
+// place.
 
 #include "tool/analysis/landmarks.h"
 #include "tool/analysis/records.h"

@@ -1,7 +1,8 @@
 #pragma once
-// The 148 lateral measurements written out one after another with school geometry: angles by atan2, feet by the
-// dot product. It shares no code with the library, so that tests can compare values and benchmarks can compare
-// cost. Only for tracings without degenerate lines: what the library promises there is tested separately.
+// The 148 lateral measurements written out one after another with school geometry: angles by atan2, feet by
+// the dot product. It shares no code with the library, so that tests can compare values and benchmarks can
+// compare cost. Only for tracings without degenerate lines: what the library promises there is tested
+// separately.
 
 #include <array>
 #include <cmath>

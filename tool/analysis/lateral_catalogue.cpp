@@ -214,8 +214,7 @@ const char *lateral_catalogue_name(int analysis, int item) {
   return in_catalogue(analysis, item) ? item_at(analysis, item).name : nullptr;
 }
 
-// Soft tissue
-// ------------------------------------------------------------------------------------------------
+// Soft tissue -------------------------------------------------------------------------------------
 
 namespace {
 

@@ -18,8 +18,7 @@ class CCalcTool {
  public:
   CCalcTool &operator=(const CCalcTool &) { return *this; }
 
-  // Distances
-  // ------------------------------------------------------------------------------------------------
+  // Distances -------------------------------------------------------------------------------------
 
   static double Get_Length(CPoint a, CPoint b, double scale);
   template <geometry::PointArgument A, geometry::PointArgument B>
@@ -44,8 +43,7 @@ class CCalcTool {
   static void Vartical_Length(CPoint a, CPoint b, CPoint c, CPoint d, double scale, double *horizontal,
                               double *vertical);
 
-  // Angles
-  // ---------------------------------------------------------------------------------------------------
+  // Angles ----------------------------------------------------------------------------------------
 
   /// Angle at the vertex, 0 to 180; -1 for an arm without length.
   static double Angle_Cal(CPoint a, CPoint vertex, CPoint c);
@@ -62,8 +60,7 @@ class CCalcTool {
                                   geometry::value(b2));
   }
 
-  // Midpoints and feet
-  // ---------------------------------------------------------------------------------------
+  // Midpoints and feet ----------------------------------------------------------------------------
 
   static CPointD Get_Mpoint(CPointD *a, CPointD *b);
   static CPoint Get_Mpoint(CPoint a, CPoint b);  ///< in whole pixels
@@ -88,8 +85,7 @@ class CCalcTool {
         out);
   }
 
-  // Intersections of line ab with line cd
-  // --------------------------------------------------------------------
+  // Intersections of line ab with line cd ---------------------------------------------------------
 
   static CPointD CrossPoint(CPointD *a, CPointD *b, CPointD *c, CPointD *d);  ///< (0, 0) when parallel
   static CPoint CrossPoint(CPoint *a, CPoint *b, CPoint *c, CPoint *d);
@@ -122,8 +118,7 @@ class CCalcTool {
   /// The first crossing of the curve with line cd: 1 with the point in `out`, or 0.
   static int Get_SPLineCross(tagPOINT *pts, short count, tagDPOINT *c, tagDPOINT *d, tagDPOINT *out);
 
-  // Points at a distance and angle
-  // ---------------------------------------------------------------------------
+  // Points at a distance and angle ----------------------------------------------------------------
 
   /// About r pixels from a towards b, the offsets truncated to whole pixels.
   template <geometry::PointArgument A, geometry::PointArgument B, geometry::RealPoint Out>
@@ -178,8 +173,7 @@ class CCalcTool {
   /// `len` pixels from a towards b; coordinates that are not positive become 0.
   static CPoint GetNearTraceLine(CPoint a, CPoint b, double len);
 
-  // Frames
-  // ---------------------------------------------------------------------------------------------------
+  // Frames ----------------------------------------------------------------------------------------
 
   /// The point at the offset (along, across), millimetres, from a in the frame of line ab. The third argument
   /// is not read.
@@ -191,8 +185,7 @@ class CCalcTool {
   static void Get_Org(tagPOINT *landmarks, tagDPOINT *out, unsigned mode, unsigned i1, unsigned i2,
                       unsigned i3, unsigned i4);
 
-  // Growth
-  // ---------------------------------------------------------------------------------------------------
+  // Growth ----------------------------------------------------------------------------------------
 
   /// Standard weight, kilograms, for a height in centimetres; sex 1 male, any other value female.
   static double Get_NormalWeight(double age, double height, int sex);

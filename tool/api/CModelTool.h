@@ -13,8 +13,7 @@ class CModelTool {
   ~CModelTool() {}
   CModelTool &operator=(const CModelTool &) { return *this; }
 
-  // Curves
-  // ---------------------------------------------------------------------------------------------------
+  // Curves ----------------------------------------------------------------------------------------
 
   /// Point at arc length `target` within the spans start <= i < end, in `out`. Returns the length up to the
   /// end of the chord that reached it, or the whole length with `out` untouched.
@@ -33,8 +32,7 @@ class CModelTool {
   /// The point between a (at l0) and b (at l1) where the length is `target`.
   static void GetSpacePoint(tagDPOINT *a, tagDPOINT *b, double l0, double l1, double target, tagDPOINT *out);
 
-  // Teeth
-  // ----------------------------------------------------------------------------------------------------
+  // Teeth -----------------------------------------------------------------------------------------
 
   /// Width of a tooth, position 0 to 5; jaw 0 upper, side 0 first. A typed width other than 0 rules.
   static double GetToothLen(int position, int jaw, int side, tagMOEX *ex, tagPOINTMO *mo);

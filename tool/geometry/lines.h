@@ -8,8 +8,7 @@
 
 namespace geometry {
 
-// Midpoints
-// --------------------------------------------------------------------------------------------------
+// Midpoints ---------------------------------------------------------------------------------------
 
 constexpr CPointD midpoint(const CPointD &a, const CPointD &b) {
   return {a.x == b.x ? a.x : (b.x - a.x) * 0.5 + a.x, a.y == b.y ? a.y : (b.y - a.y) * 0.5 + a.y};
@@ -21,8 +20,7 @@ constexpr CPoint integer_midpoint(const CPoint &a, const CPoint &b) {
           integer_sum(a.y, integer_difference(b.y, a.y) / 2)};
 }
 
-// Feet
-// -------------------------------------------------------------------------------------------------------
+// Feet --------------------------------------------------------------------------------------------
 
 /// Foot of the perpendicular from p to line ab; (a.x, p.y) when a and b coincide.
 constexpr CPointD foot(const CPointD &a, const CPointD &b, const CPointD &p) {
@@ -52,8 +50,7 @@ constexpr CPointD projection(const CPointD &a, const CPointD &b, const CPointD &
   return {w / (n - m), k + w * n / (n - m)};
 }
 
-// Intersections
-// ----------------------------------------------------------------------------------------------
+// Intersections -----------------------------------------------------------------------------------
 
 /// Intersection of line ab with line cd; empty for parallel lines and for two vertical ones.
 constexpr std::optional<CPointD> intersection(const CPointD &a, const CPointD &b, const CPointD &c,

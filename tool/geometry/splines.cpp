@@ -43,8 +43,7 @@ CPointD spline_point(const CPointD &p0, const CPointD &p1, const CPointD &p2, co
   return {curve(t, p0.x, p1.x, p2.x, p3.x), curve(t, p0.y, p1.y, p2.y, p3.y)};
 }
 
-// Walking
-// ----------------------------------------------------------------------------------------------------
+// Walking -----------------------------------------------------------------------------------------
 
 CurveWalk::CurveWalk(ControlPoints points, StepFloor floor, CurveEnds ends)
     : points_(points),
@@ -108,8 +107,7 @@ std::vector<CPointD> kept_points(ControlPoints points, CurveEnds ends) {
   return kept;
 }
 
-// Measuring
-// --------------------------------------------------------------------------------------------------
+// Measuring ---------------------------------------------------------------------------------------
 
 double curve_length(ControlPoints points, SpanRange range, double scale) {
   if (const auto chord = single_chord(points)) return length(chord->from, chord->to, scale);

@@ -1,0 +1,103 @@
+#include "tool/geometry/angles.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+#include "tests/support/random_points.h"
+
+namespace {
+
+using geometry::angle_at;
+using geometry::signed_angle;
+
+constexpr double tolerance = 1e-6;  // the ten-digit pi shifts 180 degrees by 2.4e-8
+
+TEST(SignedAngle, FollowsItsRules) {
+  struct Row {
+    const char *what;
+    CPointD from, to;
+    double angle;
+  };
+  const Row rows[] = {
+      {"a quarter clockwise", {1, 0}, {0, 1}, -90},
+      {"a quarter counter-clockwise", {1, 0}, {0, -1}, 90},
+      {"equal", {3, -7}, {3, -7}, 0},
+      {"exactly opposite", {1, 1}, {-1, -1}, 180},
+      {"opposite, another length", {1, 1}, {-2, -2}, 0},
+      {"opposite along x, another length", {1, 0}, {-2, 0}, 0},
+      {"opposite along y, another length", {0, 1}, {0, -2}, 0},
+      {"both without direction", {0, 0}, {0, 0}, 0},
+      {"45 degrees clockwise", {1, 0}, {5, 5}, -45},
+      {"135 degrees counter-clockwise", {1, 0}, {-5, -5}, 135},
+      {"far more than a right angle", {0, 3}, {1, -1}, 135},
+      {"hardly off parallel", {1e6, 0}, {1e6, 1}, -std::atan(1e-6) * 180 / std::numbers::pi},
+      {"hardly off opposite", {1e6, 0}, {-1e6, -1}, 180 - std::atan(1e-6) * 180 / std::numbers::pi},
+  };
+  for (const Row &row : rows) EXPECT_NEAR(signed_angle(row.from, row.to), row.angle, tolerance) << row.what;
+}
+
+TEST(SignedAngle, OfOneZeroDirectionIsNotANumber) {
+  EXPECT_TRUE(std::isnan(signed_angle({0, 0}, {1, 2})));
+  EXPECT_TRUE(std::isnan(signed_angle({1, 0}, {0, 0})));
+}
+
+// The definition taken literally: the arc cosine, and its sign by turning u both ways.
+double by_turning(const CPointD &u, const CPointD &v) {
+  const double lu = std::hypot(u.x, u.y), lv = std::hypot(v.x, v.y);
+  const double t = std::acos((u.x * v.x + u.y * v.y) / (lu * lv));
+  const auto off = [&](double by) {
+    const double x = u.x / lu * std::cos(by) - u.y / lu * std::sin(by);
+    const double y = u.x / lu * std::sin(by) + u.y / lu * std::cos(by);
+    return std::hypot(x - v.x / lv, y - v.y / lv);
+  };
+  return (off(-t) <= off(t) ? t : -t) / 3.141592654 * 180.0;
+}
+
+TEST(SignedAngle, AgreesWithTheTurningDefinitionAndFlipsWhenSwapped) {
+  SCOPED_TRACE("seed 11");
+  support::RandomPoints random(11);
+  for (int i = 0; i < 20000; ++i) {
+    const CPointD u = random.real(), v = random.real();
+    EXPECT_NEAR(signed_angle(u, v), by_turning(u, v), 1e-9) << u.x << " " << u.y << " " << v.x << " " << v.y;
+    EXPECT_EQ(signed_angle(u, v), -signed_angle(v, u));
+    EXPECT_NEAR(std::abs(signed_angle(u, v) - signed_angle(u, v * -1.0)), 180.0, tolerance);
+  }
+}
+
+TEST(SignedAngle, StaysInRangeForNearlyParallelPixels) {
+  SCOPED_TRACE("seed 12");
+  support::RandomPoints random(12);
+  for (int i = 0; i < 20000; ++i) {
+    const CPointD u = random.whole(30), v = CPointD(u) * 7.0 + CPointD(random.whole(1));
+    const double angle = signed_angle(u, v);
+    EXPECT_TRUE(std::isnan(angle) || (angle > -180.0 - tolerance && angle <= 180.0 + tolerance));
+  }
+}
+
+TEST(AngleAt, MeasuresBetweenTheArms) {
+  struct Row {
+    CPointD a, vertex, c;
+    double angle;
+  };
+  const Row rows[] = {
+      {{10, 0}, {0, 0}, {0, 10}, 90}, {{10, 0}, {0, 0}, {20, 0}, 0},   {{10, 0}, {0, 0}, {-3, 0}, 180},
+      {{5, 5}, {2, 2}, {2, -8}, 135}, {{1, 0}, {1, 0}, {5, 5}, -1},    {{5, 5}, {1, 0}, {1, 0}, -1},
+      {{0, 0}, {1, 3}, {2, 6}, 180},  {{0, 0}, {7, 7}, {0.1, 0.1}, 0},
+  };
+  for (const Row &row : rows) {
+    EXPECT_NEAR(angle_at(row.a, row.vertex, row.c), row.angle, 2e-6) << row.c.x << ", " << row.c.y;
+  }
+}
+
+TEST(AngleAt, OfCollinearPointsIsNeverNotANumber) {
+  SCOPED_TRACE("seed 13");
+  support::RandomPoints random(13);
+  for (int i = 0; i < 20000; ++i) {
+    const CPointD vertex = random.real(), arm = random.real();
+    EXPECT_NEAR(angle_at(vertex + arm, vertex, vertex + arm * random.number(0.1, 9)), 0.0, 1e-5);
+  }
+}
+
+}  // namespace
