@@ -133,6 +133,12 @@ std::vector<Fact> growth_facts(std::span<const LoadedAnalysis> analyses, const T
   return norm_file ? context.stage_facts(norm_file->file()) : std::vector<Fact>();
 }
 
+std::string joined(const std::vector<std::string> &reasons) {
+  std::string text;
+  for (const std::string &reason : reasons) text += (text.empty() ? "" : "; ") + reason;
+  return text;
+}
+
 Diagnosis diagnose(std::span<const LoadedAnalysis> files, const TracingFile &file,
                    const PatientContext &context) {
   Diagnosis result;

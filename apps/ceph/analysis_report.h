@@ -30,6 +30,7 @@ struct Diagnosis {
   std::vector<std::string> sentences;  ///< UTF-8
   std::vector<std::string> left_out;   ///< UTF-8
 };
+std::string joined(const std::vector<std::string> &reasons);  ///< separated by semicolons
 Diagnosis diagnose(std::span<const LoadedAnalysis> files, const TracingFile &file,
                    const PatientContext &context);
 

@@ -34,7 +34,8 @@ int run(const Options &options) {
   for (Fact &fact : growth_facts(files, file, context)) report.facts.push_back(std::move(fact));
   report.paragraphs.push_back({"diagnosis", "Diagnosis", diagnosis.sentences});
   report.notes = context.notes();
-  for (const std::string &reason : diagnosis.left_out) report.notes.push_back("left out: " + reason);
+  if (!diagnosis.left_out.empty())
+    report.notes.push_back("the diagnosis is incomplete: " + joined(diagnosis.left_out));
   deliver(report, options.output);
   return static_cast<int>(diagnosis.left_out.empty() ? ExitCode::done : ExitCode::negative);
 }

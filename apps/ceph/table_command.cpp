@@ -29,8 +29,8 @@ void add_diagnosis(Report &report, const TracingFile &file, const PatientContext
       diagnose(load_analyses(analysis::Mode::lateral_diagnosis, "all"), file, context);
   if (!diagnosis.sentences.empty())
     report.paragraphs.push_back({"diagnosis", "Diagnosis", diagnosis.sentences});
-  for (const std::string &reason : diagnosis.left_out)
-    report.notes.push_back("the diagnosis leaves out what cannot be told: " + reason);
+  if (!diagnosis.left_out.empty())
+    report.notes.push_back("the diagnosis is incomplete: " + joined(diagnosis.left_out));
 }
 
 int run(const Options &options) {
