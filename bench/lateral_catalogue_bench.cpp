@@ -1,5 +1,5 @@
-// The 148 items of the lateral catalogue, asked for one by one as an application does, against the same numbers
-// computed straight through by hand-written geometry.
+// The 148 items of the lateral catalogue, asked for one by one as an application does, against the same
+// numbers computed straight through by hand-written geometry.
 
 #include <benchmark/benchmark.h>
 
