@@ -7,6 +7,7 @@
 #   make tidy     clang-tidy over the whole tree
 #   make format   clang-format over the whole tree
 #   make install  install under PREFIX
+#   make readme   renew the program's output in README.md
 
 SHELL := /bin/bash
 .SHELLFLAGS := -eu -o pipefail -c
@@ -19,7 +20,7 @@ FUZZ_SECONDS ?= 600
 build = scripts/build.sh
 sources = git ls-files -- '*.h' '*.cpp'
 
-.PHONY: run test bench fuzz asan tidy format format-check layering install packages packages-bench clean
+.PHONY: run test bench fuzz asan tidy format format-check layering install readme packages packages-bench clean
 
 packages:
 	@scripts/install_packages.sh packages.txt
@@ -62,6 +63,10 @@ layering: packages
 install: packages
 	@JOBS=$(JOBS) $(build) release
 	@cmake --install build/release --prefix '$(PREFIX)'
+
+readme: packages
+	@JOBS=$(JOBS) $(build) release ceph
+	@python3 scripts/readme_output.py build/release/apps/ceph/ceph --update
 
 clean:
 	rm -rf build out
