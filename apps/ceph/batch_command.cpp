@@ -108,9 +108,8 @@ int run(const Options &options) {
   const batch::PipelineOutcome outcome = batch::run_batch(batch_options, streams);
   bar.clear();
   if (outcome.total.bad > 0 && !outcome.output_closed)
-    write_message("ceph: " + std::to_string(outcome.total.bad) + " of " +
-                  std::to_string(outcome.total.lines) +
-                  (outcome.total.lines == 1 ? " line was" : " lines were") + " skipped\n");
+    write_message("ceph: skipped " + std::to_string(outcome.total.bad) + " of " +
+                  std::to_string(outcome.total.lines) + (outcome.total.lines == 1 ? " line\n" : " lines\n"));
   return static_cast<int>(outcome.total.bad > 0 ? ExitCode::negative : ExitCode::done);
 }
 
