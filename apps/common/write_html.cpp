@@ -17,7 +17,7 @@ constexpr const char *style = R"css(
   h1 { font-size: 1.5rem; margin: 0 0 .75rem; }
   h2 { font-size: 1.1rem; margin: 1.75rem 0 .25rem; }
   .comment { color: var(--quiet); margin: 0 0 .5rem; white-space: pre-line; }
-  dl { display: grid; grid-template-columns: max-content 1fr max-content 1fr; gap: .15rem 1rem; margin: 0;
+  dl { display: grid; grid-template-columns: max-content 1fr max-content 1fr; gap: .15rem 1rem; margin: 0 0 .75rem;
        padding: .75rem 1rem; border: 1px solid var(--line); border-radius: 6px; }
   dt { color: var(--quiet); } dd { margin: 0; }
   table { border-collapse: collapse; width: 100%; font-variant-numeric: tabular-nums; }
@@ -31,7 +31,7 @@ constexpr const char *style = R"css(
   .beyond_two { color: var(--two); font-weight: 600; } .beyond_three { color: var(--three); font-weight: 700; }
   .reason { color: var(--reason); } .quiet { color: var(--quiet); }
   .scale { width: 180px; } .scale svg { display: block; }
-  .sentences { margin: .25rem 0; padding-left: 1.25rem; }
+  .sentence { margin: .1rem 0; }
   .notes { margin-top: 1.5rem; color: var(--quiet); border-top: 1px solid var(--line); padding-top: .5rem; }
   @page { margin: 15mm; }
   @media print { body { margin: 0; max-width: none; padding: 0; font-size: 11px; } dl { border-color: #999; } }
@@ -154,10 +154,18 @@ std::string facts_html(const Report &report) {
   return text + "</dl>\n";
 }
 
-std::string list_html(std::string_view classes, const std::vector<std::string> &items) {
-  std::string text = "<ul class=\"" + std::string(classes) + "\">\n";
-  for (const std::string &item : items) text += "<li>" + escape_html(item) + "</li>\n";
-  return text + "</ul>\n";
+std::string sentences_html(const Sentences &paragraph) {
+  std::string text = "<h2>" + escape_html(paragraph.title) + "</h2>\n";
+  for (const std::string &sentence : paragraph.sentences)
+    text += "<p class=\"sentence\">" + escape_html(sentence) + "</p>\n";
+  return text;
+}
+
+std::string notes_html(const std::vector<std::string> &notes) {
+  if (notes.empty()) return {};
+  std::string text = "<div class=\"notes\">\n";
+  for (const std::string &note : notes) text += "<p class=\"sentence\">Note: " + escape_html(note) + "</p>\n";
+  return text + "</div>\n";
 }
 
 }  // namespace
@@ -194,9 +202,8 @@ std::string write_html(const Report &report) {
                      title + "</title>\n<style>" + style + "</style>\n</head>\n<body>\n<h1>" + title +
                      "</h1>\n" + facts_html(report);
   for (const Table &table : report.tables) text += table_html(table);
-  for (const Sentences &paragraph : report.paragraphs)
-    text += "<h2>" + escape_html(paragraph.title) + "</h2>\n" + list_html("sentences", paragraph.sentences);
-  if (!report.notes.empty()) text += list_html("notes", report.notes);
+  for (const Sentences &paragraph : report.paragraphs) text += sentences_html(paragraph);
+  text += notes_html(report.notes);
   return text + "</body>\n</html>\n";
 }
 

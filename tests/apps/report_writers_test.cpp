@@ -138,7 +138,7 @@ TEST(HtmlReport, EscapesEveryText) {
   EXPECT_THAT(page, HasSubstr("<h2>A &amp; B</h2>"));
   EXPECT_THAT(page,
               HasSubstr("<td>下顎&lt;角&gt;</td><td colspan=\"2\" class=\"reason\">point &quot;Xi&quot;"));
-  EXPECT_THAT(page, HasSubstr("<li>Class I &amp; more</li>"));
+  EXPECT_THAT(page, HasSubstr("<p class=\"sentence\">Class I &amp; more</p>"));
   EXPECT_THAT(page, Not(HasSubstr("9.9<")));
 }
 
