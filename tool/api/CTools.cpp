@@ -43,6 +43,18 @@ void split_line(std::string_view line, char *key, char *value) {
   put_text(value_text, value);
 }
 
+/// One write; a failure shows a message and gives 0.
+int write_bytes(CFile *file, std::string_view bytes) {
+  if (!file) return 0;
+  try {
+    file->Write(bytes.data(), static_cast<UINT>(bytes.size()));
+    return 1;
+  } catch (const CException &) {
+    AfxMessageBox("Disk Full", MB_OK);
+    return 0;
+  }
+}
+
 }  // namespace
 
 // Settings and window positions
@@ -127,19 +139,11 @@ void CTools::_DeleteFolder(const char *path) {
 }
 
 int CTools::WriteFile(CFile *file, const char *text) {
-  const std::string_view bytes = view_of(text);
-  return WriteFileB(file, const_cast<char *>(bytes.data()), static_cast<DWORD>(bytes.size()));
+  return write_bytes(file, view_of(text));
 }
 
 int CTools::WriteFileB(CFile *file, void *data, DWORD size) {
-  if (!file) return 0;
-  try {
-    file->Write(data, size);
-    return 1;
-  } catch (const CException &) {
-    AfxMessageBox("Disk Full", MB_OK);
-    return 0;
-  }
+  return write_bytes(file, {static_cast<const char *>(data), data ? size : 0});
 }
 
 // Text and numbers

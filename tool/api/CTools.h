@@ -94,5 +94,5 @@ class CTools {
   static double Get_SPLineLengthd(tagDPOINT *pts, short count, short start, short end, double scale);
 
  private:
-  static void _DeleteFolder(const char *path);
+  static void _DeleteFolder(const char *path);  // NOLINT(bugprone-reserved-identifier,cert-dcl*): published
 };

@@ -44,6 +44,10 @@ std::string native_folder_for_writing(std::string_view path) {
   return without_trailing_slash(framework::native_path_for_writing(path));
 }
 
+std::string child(const std::string &folder, const std::string &name) {
+  return std::string(folder).append("/").append(name);
+}
+
 bool lies_within(const std::string &path, const std::string &folder) {
   return path == folder || path.starts_with(folder == "/" ? folder : folder + "/");
 }
@@ -53,8 +57,8 @@ bool copy_native_tree(const std::string &source, const std::string &target, int 
   const auto names = file_system().list(source.c_str());
   if (!names) return false;
   return std::all_of(names->begin(), names->end(), [&](const std::string &name) {
-    const std::string from = source + "/" + name;
-    const std::string to = target + "/" + name;
+    const std::string from = child(source, name);
+    const std::string to = child(target, name);
     const auto status = file_system().status(from.c_str());
     return status && status->is_folder ? copy_native_tree(from, to, depth + 1)
                                        : framework::copy_file(from, to, false);
@@ -65,7 +69,7 @@ void empty_native_folder(const std::string &folder, int depth) {
   const auto names = file_system().list(folder.c_str());
   if (!names || depth > deepest_folder) return;
   for (const std::string &name : *names) {
-    const std::string path = folder + "/" + name;
+    const std::string path = child(folder, name);
     const auto status = file_system().status(path.c_str());
     if (status && status->is_folder && !status->is_link) {
       empty_native_folder(path, depth + 1);

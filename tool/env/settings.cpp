@@ -81,7 +81,7 @@ std::string scratch_folder() {
   const DWORD length = GetTempPathA(MAX_PATH, temporary.data());
   if (length == 0 || length > MAX_PATH) return {};
   const std::string drive(drive_part({temporary.data(), length}));
-  const std::string folder = drive + "\\temp\\" + std::string(scratch_folder_name);
+  std::string folder = drive + "\\temp\\" + std::string(scratch_folder_name);
   make_folders(folder.c_str());
   return folder;
 }

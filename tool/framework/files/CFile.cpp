@@ -65,7 +65,7 @@ CFileStatus translated(const FileStatus &status, const char *path) {
 
 CFile::CFile(const char *path, UINT flags) {
   CFileException error;
-  if (!CFile::Open(path, flags, &error)) throw error;
+  if (!CFile::Open(path, flags, &error)) throw CFileException(error);
 }
 
 CFile::~CFile() {

@@ -218,9 +218,11 @@ int CString::Replace(const char *from, const char *to) {
   std::string result;
   std::size_t done = 0;
   int count = 0;
-  for (std::size_t at; (at = find_text(text_, old_text, done)) != std::string::npos; ++count) {
+  for (std::size_t at = find_text(text_, old_text, 0); at != std::string::npos;
+       at = find_text(text_, old_text, done)) {
     result.append(text_, done, at - done).append(new_text);
     done = at + old_text.size();
+    ++count;
   }
   result.append(text_, done);
   text_ = std::move(result);

@@ -25,7 +25,8 @@ Converter open_converter(const char *to, const char *from) {
 /// Converts as much of `text` as it can and removes that part; true when everything was converted.
 bool convert_prefix(iconv_t converter, std::string_view &text, std::string &out) {
   std::array<char, 1024> buffer;
-  auto *in = const_cast<char *>(text.data());
+  // iconv takes its input as char ** and leaves the bytes alone.
+  auto *in = const_cast<char *>(text.data());  // NOLINT(cppcoreguidelines-pro-type-const-cast)
   std::size_t in_left = text.size();
   bool more = true;
   bool complete = true;

@@ -9,6 +9,10 @@ const CListCtrl::Row *CListCtrl::row_at(int index) const {
   return index >= 0 && index < GetItemCount() ? &rows_[static_cast<std::size_t>(index)] : nullptr;
 }
 
+CListCtrl::Row *CListCtrl::row_at(int index) {
+  return index >= 0 && index < GetItemCount() ? &rows_[static_cast<std::size_t>(index)] : nullptr;
+}
+
 const CListCtrl::Column *CListCtrl::column_at(int index) const {
   return index >= 0 && index < GetColumnCount() ? &columns_[static_cast<std::size_t>(index)] : nullptr;
 }

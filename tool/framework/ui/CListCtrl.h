@@ -106,7 +106,7 @@ class CListCtrl : public CWnd {
   };
 
   const Row *row_at(int index) const;
-  Row *row_at(int index) { return const_cast<Row *>(std::as_const(*this).row_at(index)); }
+  Row *row_at(int index);
   const Column *column_at(int index) const;
 
   std::vector<Column> columns_;
