@@ -1,7 +1,7 @@
 #include "tool/framework/platform.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
+#include <cstdlib>
 
 #include "tests/support/temporary_folder.h"
 #include "tool/framework/files/last_error.h"

@@ -1,8 +1,8 @@
 #pragma once
 // A folder of its own for one test, and a platform whose drives and settings lie in it.
 
-#include <stdlib.h>
 #include <unistd.h>
+#include <cstdlib>
 
 #include <algorithm>
 #include <filesystem>

@@ -25,7 +25,7 @@ std::string printed(double value, int decimals) {
 TEST(DecimalValue, readsDecimalNumbersOnly) {
   struct Row {
     const char *text;
-    double value;
+    double value = 0.0;
   };
   const Row rows[] = {
       {"", 0},
@@ -64,7 +64,7 @@ TEST(DecimalValue, agreesWithTheCLibraryOnPrintedNumbers) {
   std::mt19937_64 random(20240601);
   for (int i = 0; i < 20000; ++i) {
     const std::uint64_t bits = random();
-    double value;
+    double value = 0.0;
     std::memcpy(&value, &bits, sizeof value);
     if (!std::isfinite(value)) continue;
     std::array<char, 64> text;
@@ -138,7 +138,7 @@ TEST(Fixed, isThePrintfTextOfRandomAndTiedValues) {
 
 TEST(ToInt, truncatesTowardZeroAndSaturates) {
   struct Row {
-    double value;
+    double value = 0.0;
     int expected;
   };
   const Row rows[] = {

@@ -116,6 +116,7 @@ TEST(WinApp, answersSeveralThreads) {
   application.UseMemoryProfile();
   application.WriteProfileString("S", "k", "0");
   std::vector<std::thread> threads;
+  threads.reserve(4);
   for (int t = 0; t < 4; ++t)
     threads.emplace_back([&application, t] {
       for (int i = 0; i < 200; ++i) {
