@@ -2,9 +2,9 @@
 // A folder of its own for one test, and a platform whose drives and settings lie in it.
 
 #include <unistd.h>
-#include <cstdlib>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
