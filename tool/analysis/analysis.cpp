@@ -33,27 +33,41 @@ void read_items(const DefinitionFile &file, Mode mode, CompiledItems &compiled) 
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (!is_item_line(lines[i])) continue;
     compiled.items.push_back(read_item(lines[i], i, mode));
-    compiled.by_text.insert(compiled.items.back().text,
-                            static_cast<std::uint32_t>(compiled.items.size() - 1));
+    const auto index = static_cast<std::uint32_t>(compiled.items.size() - 1);
+    compiled.first_with_text.push_back(compiled.by_text.insert(compiled.items.back().text, index));
   }
 }
+
+/// What a block holds for the norms: which of them, and for whom.
+struct NormBlock {
+  NormKind which;
+  bool accepted[2];  ///< male, female
+  bool second_set;
+
+  explicit NormBlock(LineClass block)
+      : which(is_norm_block(block, NormKind::mean, 1) || is_norm_block(block, NormKind::mean, 2)
+                  ? NormKind::mean
+                  : NormKind::sd),
+        accepted{is_norm_block(block, which, 1), is_norm_block(block, which, 2)},
+        second_set(static_cast<int>(block) > 100) {}
+};
 
 /// Notes every item's first norm line of each kind and sex.
 void read_norms(const DefinitionFile &file, CompiledItems &compiled) {
   compiled.norms.resize(compiled.items.size());
+  NormBlock block(LineClass::content);
   for (const Line &line : file.lines()) {
-    if (line.own != LineClass::content || line.text.empty()) continue;
-    const bool mean =
-        is_norm_block(line.block, NormKind::mean, 1) || is_norm_block(line.block, NormKind::mean, 2);
-    const NormKind which = mean ? NormKind::mean : NormKind::sd;
-    const bool accepted[2] = {is_norm_block(line.block, which, 1), is_norm_block(line.block, which, 2)};
-    if (!accepted[0] && !accepted[1]) continue;
+    if (line.own != LineClass::content) {
+      block = NormBlock(line.own);
+      continue;
+    }
+    if (line.text.empty() || !(block.accepted[0] || block.accepted[1])) continue;
     const KeyValue norm = split_key_value(line.text);
     const std::optional<std::uint32_t> item = compiled.by_text.find(norm.key);
     if (!item) continue;
     for (std::size_t sex = 0; sex < 2; ++sex) {
-      std::optional<NormLine> &slot = compiled.norms[*item].line[mean ? 0 : 1][sex];
-      if (accepted[sex] && !slot) slot = NormLine{norm.value, static_cast<int>(line.block) > 100};
+      std::optional<NormLine> &slot = compiled.norms[*item].line[block.which == NormKind::mean ? 0 : 1][sex];
+      if (block.accepted[sex] && !slot) slot = NormLine{norm.value, block.second_set};
     }
   }
 }
@@ -97,6 +111,7 @@ Analysis::Analysis(DefinitionFile file, Mode mode, Diagnosis diagnosis)
   compiled_ = std::make_unique<CompiledItems>(expected);
   compiled_->diagnosed = diagnosis == Diagnosis::yes;
   compiled_->items.reserve(expected);
+  compiled_->first_with_text.reserve(expected);
   read_items(file_, mode, *compiled_);
   read_norms(file_, *compiled_);
   compile_items(mode, *compiled_);

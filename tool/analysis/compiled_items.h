@@ -32,17 +32,19 @@ struct CompiledItems {
 
   std::vector<Item> items;
   std::vector<ItemPlan> plans;  ///< parallel to items
+  /// Parallel to items: the item that by_text gives for its text.
+  std::vector<std::uint32_t> first_with_text;
   std::vector<Alternative> alternatives;
   Program program;
   NameIndex by_text;
   struct Norms {
     std::optional<NormLine> line[2][2];  ///< [mean, sd][male, female]
   };
-  std::vector<Norms> norms;  ///< by the index that by_text gives an item's text
+  std::vector<Norms> norms;  ///< parallel to items; only the first item with a text has them
   bool diagnosed;
 
   const std::optional<NormLine> &norm_line(std::size_t item, NormKind which, int sex) const {
-    return norms[item].line[which == NormKind::mean ? 0 : 1][sex == 1 ? 0 : 1];
+    return norms[first_with_text[item]].line[which == NormKind::mean ? 0 : 1][sex == 1 ? 0 : 1];
   }
 };
 

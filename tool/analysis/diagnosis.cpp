@@ -139,9 +139,8 @@ std::string formula_line(std::string_view line, const Categories &categories, co
   if (formula.empty() || !categories.usable()) return {};
   Program program;
   FormulaCompiler compiler(program, tracing.mode(), &analysis.compiled().by_text, false);
-  ValueTable values{};
   const double value = Evaluator(tracing, patient, &analysis, Evaluator::Reasons::ignore)
-                           .run(program, compiler.compile(formula), values);
+                           .run(program, compiler.compile(formula));
   if (value == missing_value || std::isnan(value)) return {};
   return sentence(read_wording(line.substr(separator + 1)), categories, value);
 }

@@ -17,8 +17,7 @@ Measured evaluate_formula(std::string_view formula, const Tracing &tracing, cons
     evaluator.add_reason(Reason::Kind::malformed_formula, formula,
                          static_cast<std::size_t>(compiled.malformed_at));
   }
-  ValueTable values{};
-  const double value = evaluator.run(program, compiled, values);
+  const double value = evaluator.run(program, compiled);
   return {value, evaluator.take_reason()};
 }
 

@@ -35,8 +35,8 @@ Evaluator::Evaluator(const Tracing &tracing, const Patient &patient, const Analy
                      Reasons reasons)
     : tracing_(tracing), patient_(patient), analysis_(analysis), collect_(reasons == Reasons::collect) {
   if (!analysis_) return;
-  memory_[0].resize(analysis_->items().size());
-  running_.resize(analysis_->items().size());
+  memory_[0].outcomes.resize(analysis_->items().size());
+  status_.resize(analysis_->items().size());
 }
 
 std::optional<Reason> Evaluator::take_reason() {
@@ -57,6 +57,12 @@ double Evaluator::run(const Program &program, const Formula &formula, ValueTable
     values[formula.base + i] = compute(program, program.instructions[formula.first + i], values);
   }
   return effective(formula.result, values);
+}
+
+double Evaluator::run(const Program &program, const Formula &formula) {
+  ValueTable values;
+  if (formula.reads_ahead) values.fill(0.0);
+  return run(program, formula, values);
 }
 
 double Evaluator::effective(const Operand &operand, const ValueTable &values) const {
@@ -212,7 +218,7 @@ CPointD Evaluator::effective_a_point() const {
 
 /// A reference to an item whose value is under evaluation is not followed.
 bool Evaluator::may_enter(std::size_t index) {
-  const bool runs = (running_[index] & running_value) != 0;
+  const bool runs = (status_[index] & running_value) != 0;
   const bool may = !runs && depth_ < max_item_depth && evaluations_ < max_evaluations;
   if (!may) {
     ++cuts_;
@@ -251,27 +257,38 @@ double Evaluator::reference(const Instruction &instruction) {
 }
 
 ItemOutcome Evaluator::item(std::size_t index) {
-  std::vector<Memory> &memories = memory_[in_norm_formula_ ? 1 : 0];
-  if (memories.empty()) memories.resize(analysis_->items().size());
-  Memory &memory = memories[index];
-  if (!memory.known) return remember_item(index, memory);
-  if (collect_ && !reason_) reason_ = memory.reason;
-  return memory.outcome;
+  Memory &memory = memory_[in_norm_formula_ ? 1 : 0];
+  const Status known_here = in_norm_formula_ ? known_in_norm_formula : known;
+  if ((status_[index] & known_here) != 0) {
+    if (collect_ && !reason_) reason_ = memory.reasons[index];
+    return memory.outcomes[index];
+  }
+  const int cuts_before = cuts_;
+  std::optional<Reason> outer;
+  if (collect_) outer = take_reason();
+  const ItemOutcome outcome = enter_item(index);
+  // What rests on a reference that was not followed depends on where the evaluation came from.
+  if (cuts_ == cuts_before) {
+    status_[index] |= known_here;
+    memory.outcomes.resize(analysis_->items().size());
+    memory.outcomes[index] = outcome;
+    if (collect_) {
+      memory.reasons.resize(analysis_->items().size());
+      memory.reasons[index] = reason_;
+    }
+  }
+  if (outer) reason_ = std::move(outer);
+  return outcome;
 }
 
-/// Evaluates an item and remembers it, unless what it gave depends on where the evaluation came from.
-ItemOutcome Evaluator::remember_item(std::size_t index, Memory &memory) {
+ItemOutcome Evaluator::enter_item(std::size_t index) {
   if (depth_ == 0) evaluations_ = 0;
   ++evaluations_;
   ++depth_;
-  const int cuts_before = cuts_;
-  std::optional<Reason> outer = take_reason();
-  running_[index] |= running_value;
+  status_[index] |= running_value;
   const ItemOutcome outcome = evaluate_item(index);
-  running_[index] = static_cast<unsigned char>(running_[index] & ~running_value);
+  status_[index] = static_cast<unsigned char>(status_[index] & ~running_value);
   --depth_;
-  if (cuts_ == cuts_before) memory = {true, outcome, reason_};
-  if (outer) reason_ = std::move(outer);
   return outcome;
 }
 
@@ -280,8 +297,7 @@ ItemOutcome Evaluator::evaluate_item(std::size_t index) {
   const Item &item = compiled.items[index];
   if (item.heading) return {};
   const ItemPlan &plan = compiled.plans[index];
-  ValueTable values{};
-  const double value = run(compiled.program, plan.formula, values);
+  const double value = run(compiled.program, plan.formula);
   if (plan.formula.malformed_at >= 0) {
     const auto position = static_cast<std::size_t>(plan.formula.malformed_at);
     add_reason(Reason::Kind::malformed_formula, item.formula, position);
@@ -299,8 +315,7 @@ ItemOutcome Evaluator::pick_alternative(const ItemPlan &plan, double index) {
   const Alternative &alternative =
       compiled.alternatives[plan.first_alternative + static_cast<std::uint32_t>(chosen)];
   if (alternative.is_text) return {ItemOutcome::Kind::text, 0.0, alternative.text};
-  ValueTable values{};
-  return {ItemOutcome::Kind::number, run(compiled.program, alternative.formula, values), {}};
+  return {ItemOutcome::Kind::number, run(compiled.program, alternative.formula), {}};
 }
 
 // Norms
@@ -310,15 +325,15 @@ std::string Evaluator::norm_text(std::size_t index, NormKind which, int kind) {
   const std::optional<NormLine> &line = analysis_->compiled().norm_line(index, which, patient_.sex);
   if (!line) return {};
   if (depth_ == 0) evaluations_ = 0;
-  const Running mark = which == NormKind::mean ? running_mean : running_sd;
-  if ((running_[index] & mark) != 0) {
+  const Status mark = which == NormKind::mean ? running_mean : running_sd;
+  if ((status_[index] & mark) != 0) {
     ++cuts_;
     add_reason(Reason::Kind::cycle, analysis_->items()[index].text);
     return {};
   }
-  running_[index] |= mark;
+  status_[index] |= mark;
   std::string text = norm_field_text(norm_column(*line, patient_.age_code), kind);
-  running_[index] = static_cast<unsigned char>(running_[index] & ~mark);
+  status_[index] = static_cast<unsigned char>(status_[index] & ~mark);
   return text;
 }
 
@@ -350,8 +365,7 @@ std::string Evaluator::evaluate_norm_formula(std::string_view field) {
   FormulaCompiler compiler(program, tracing_.mode(), analysis_ ? &analysis_->compiled().by_text : nullptr,
                            collect_);
   const Formula formula = compiler.compile(norm.formula);
-  ValueTable values{};
-  const double value = run(program, formula, values);
+  const double value = run(program, formula);
   if (formula.malformed_at >= 0) {
     add_reason(Reason::Kind::malformed_formula, field, static_cast<std::size_t>(formula.malformed_at));
   }

@@ -40,6 +40,8 @@ class Evaluator {
   Evaluator(const Tracing &tracing, const Patient &patient, const Analysis *analysis, Reasons reasons);
 
   double run(const Program &program, const Formula &formula, ValueTable &values);
+  /// The same on a fresh table.
+  double run(const Program &program, const Formula &formula);
   CPointD point(const Program &program, std::uint32_t node);
 
   ItemOutcome item(std::size_t index);
@@ -55,13 +57,6 @@ class Evaluator {
   void add_reason(Reason::Kind kind, std::string_view subject, std::size_t position = 0);
 
  private:
-  /// What is remembered of an item that has been evaluated.
-  struct Memory {
-    bool known = false;
-    ItemOutcome outcome;
-    std::optional<Reason> reason;
-  };
-
   double compute(const Program &program, const Instruction &instruction, const ValueTable &values);
   double measure(const Program &program, const Instruction &instruction);
   double effective(const Operand &operand, const ValueTable &values) const;
@@ -71,7 +66,7 @@ class Evaluator {
   CPointD construct(const Program &program, const PointNode &node);
   CPointD effective_a_point() const;
   ItemOutcome evaluate_item(std::size_t index);
-  ItemOutcome remember_item(std::size_t index, Memory &memory);
+  ItemOutcome enter_item(std::size_t index);
   bool may_enter(std::size_t index);
   ItemOutcome pick_alternative(const ItemPlan &plan, double index);
   std::string evaluate_norm_formula(std::string_view field);
@@ -83,11 +78,22 @@ class Evaluator {
   bool collect_;
   std::optional<Reason> reason_;
 
-  /// By item: under the patient's magnification, and under the one that norm formulas are evaluated with.
-  std::vector<Memory> memory_[2];
-  /// By item, what is under evaluation: its value, its mean, its SD.
-  enum Running : unsigned char { running_value = 1, running_mean = 2, running_sd = 4 };
-  std::vector<unsigned char> running_;
+  /// What is known of the items, by item: under the patient's magnification, and under the one that norm
+  /// formulas are evaluated with. Reasons are kept only where they are collected.
+  struct Memory {
+    std::vector<ItemOutcome> outcomes;
+    std::vector<std::optional<Reason>> reasons;
+  };
+  Memory memory_[2];
+  /// By item: what is remembered, and what is under evaluation.
+  enum Status : unsigned char {
+    known = 1,
+    known_in_norm_formula = 2,
+    running_value = 4,
+    running_mean = 8,
+    running_sd = 16,
+  };
+  std::vector<unsigned char> status_;
   bool in_norm_formula_ = false;
   int depth_ = 0;
   int cuts_ = 0;         ///< references that were not followed because they lead back

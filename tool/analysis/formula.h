@@ -93,6 +93,7 @@ struct Formula {
   std::uint32_t count = 0;
   std::uint32_t base = 0;
   Operand result;                  ///< the formula's value: its last entry, or 0 when it has none
+  bool reads_ahead = false;        ///< names table entries before they are written: they read as 0
   std::int32_t malformed_at = -1;  ///< byte position of the first fault, found only when asked for
 };
 

@@ -20,7 +20,13 @@ double arc_degrees(double cosine) {
   return std::acos(std::clamp(cosine, -1.0, 1.0)) * 180.0 / geometry::pi;
 }
 
+/// Whether the components stand in exactly equal ratios. Quotients can only be equal where the cross product
+/// nearly vanishes, so most pairs need no division.
 bool has_equal_ratios(const CPointD &v, const CPointD &w) {
+  constexpr double near_parallel = 1e-12;
+  const double first = v.x * w.y;
+  const double second = v.y * w.x;
+  if (std::fabs(first - second) > near_parallel * (std::fabs(first) + std::fabs(second))) return false;
   if (v.y != 0.0 && w.y != 0.0 && v.x / v.y == w.x / w.y) return true;
   return v.x != 0.0 && w.x != 0.0 && v.y / v.x == w.y / w.x;
 }

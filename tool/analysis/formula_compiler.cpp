@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "tool/analysis/landmarks.h"
+#include "tool/framework/text/ascii.h"
 #include "tool/framework/text/cp932.h"
 #include "tool/framework/text/decimal.h"
 
@@ -35,13 +36,9 @@ const TermSpelling &spelling(Term term) {
 
 /// The term whose keyword stands at `at`, the longest where several do.
 std::optional<Term> term_at(std::string_view text, std::size_t at) {
-  const auto is = [&](Term term) {
-    const std::string_view keyword = spelling(term).keyword;
-    return text.compare(at, keyword.size(), keyword) == 0;
-  };
   const auto first_of = [&](std::initializer_list<Term> choices) -> std::optional<Term> {
     for (const Term term : choices) {
-      if (is(term)) return term;
+      if (stands_at(text, at, spelling(term).keyword)) return term;
     }
     return std::nullopt;
   };
@@ -142,13 +139,38 @@ std::string without_blank_runs(std::string_view text) {
   std::string result;
   result.reserve(text.size());
   for (const char c : text) {
-    if (!is_blank(c)) {
+    if (!framework::is_space(c)) {
       result += c;
     } else if (!result.empty() && result.back() != ' ') {
       result += ' ';
     }
   }
   return result;
+}
+
+/// In which pass the operator is computed: 1 products, 2 sums, 3 comparisons; 0 for any other character.
+constexpr int operator_pass(char c) {
+  switch (c) {
+    case '*':
+    case '/':
+      return 1;
+    case '+':
+    case '-':
+      return 2;
+    case '<':
+    case '>':
+    case '=':
+      return 3;
+    default:
+      return 0;
+  }
+}
+
+std::size_t find_operator(std::string_view expression, int pass, std::size_t from) {
+  for (std::size_t at = from; at < expression.size(); ++at) {
+    if (operator_pass(expression[at]) == pass) return at;
+  }
+  return npos;
 }
 
 Operation operator_at(const std::string &expression, std::size_t at) {
@@ -172,8 +194,8 @@ Operation operator_at(const std::string &expression, std::size_t at) {
 }
 
 std::size_t operator_length(const std::string &expression, std::size_t at) {
-  const bool compares = expression[at] == '<' || expression[at] == '>' || expression[at] == '=';
-  return compares && at + 1 < expression.size() && expression[at + 1] == '=' ? 2 : 1;
+  return operator_pass(expression[at]) == 3 && at + 1 < expression.size() && expression[at + 1] == '=' ? 2
+                                                                                                       : 1;
 }
 
 }  // namespace
@@ -206,6 +228,7 @@ void FormulaCompiler::start(std::string_view text, std::size_t base) {
   base_ = std::min(base, max_values);
   first_ = program_.instructions.size();
   malformed_at_ = -1;
+  reads_ahead_ = false;
 }
 
 Formula FormulaCompiler::finish(bool group, Operand lone) const {
@@ -214,6 +237,7 @@ Formula FormulaCompiler::finish(bool group, Operand lone) const {
   formula.count = static_cast<std::uint32_t>(program_.instructions.size() - first_);
   formula.base = static_cast<std::uint32_t>(base_);
   formula.malformed_at = malformed_at_;
+  formula.reads_ahead = reads_ahead_;
   if (formula.count > 0) {
     formula.result = variable(static_cast<std::int16_t>(used() - 1));
   } else {
@@ -237,10 +261,8 @@ void FormulaCompiler::find_candidates(std::size_t end) {
   candidates_.clear();
   const std::string_view text = work_;
   for (std::size_t at = 0; at < end;) {
-    const char c = text[at];
-    if (c == '"' || c == '[') {
-      const std::size_t close = find_character(text, c == '"' ? '"' : ']', at + 1);
-      at = close == npos ? at + 1 : close + 1;
+    if (is_opening(text[at])) {
+      at = behind_enclosed(text, at);
       continue;
     }
     if (const std::optional<Term> term = term_at(text, at)) {
@@ -254,16 +276,18 @@ void FormulaCompiler::find_candidates(std::size_t end) {
 
 void FormulaCompiler::substitute_terms(std::size_t end) {
   find_candidates(end);
-  for (std::size_t term = 0; term < std::size(terms) && !candidates_.empty(); ++term) {
-    for (const Candidate &candidate : candidates_) {
-      const std::string_view keyword = terms[term].keyword;
-      if (static_cast<std::size_t>(candidate.term) != term || full()) continue;
-      // An earlier term may have swallowed this one while it looked for its points.
-      if (work_.compare(candidate.position, keyword.size(), keyword) != 0) continue;
-      append_term(candidate.term, candidate.position + keyword.size());
-      work_.replace(candidate.position, 3, variable_name(used()));
-      blank(candidate.position + 3, candidate.position + keyword.size());
-    }
+  // Keyword by keyword in the order of the terms, from left to right within one: that numbers the variables.
+  std::sort(candidates_.begin(), candidates_.end(), [](const Candidate &a, const Candidate &b) {
+    return std::pair(a.term, a.position) < std::pair(b.term, b.position);
+  });
+  for (const Candidate &candidate : candidates_) {
+    const std::string_view keyword = spelling(candidate.term).keyword;
+    if (full()) return;
+    // An earlier term may have swallowed this one while it looked for its points.
+    if (!stands_at(work_, candidate.position, keyword)) continue;
+    append_term(candidate.term, candidate.position + keyword.size());
+    work_.replace(candidate.position, 3, variable_name(used()));
+    blank(candidate.position + 3, candidate.position + keyword.size());
   }
 }
 
@@ -299,7 +323,7 @@ void FormulaCompiler::append_measurement(Term term, std::size_t after_keyword, I
   }
   ++at;
   if (measurement.has_digit) {
-    const bool readable = at < work_.size() && is_digit(work_[at]);
+    const bool readable = at < work_.size() && framework::is_digit(work_[at]);
     instruction.precision = readable ? static_cast<std::int8_t>(work_[at] - '0') : std::int8_t{0};
     at = std::min(at + 2, work_.size());  // the digit and its separator
   }
@@ -413,22 +437,22 @@ FormulaCompiler::Point FormulaCompiler::compile_construction(std::string_view te
 /// Reduces the expression to its value: a variable when anything was computed, else what stands there alone.
 Operand FormulaCompiler::reduce(std::string &expression, int depth) {
   const std::size_t before = used();
-  for (const std::string_view operators : {"*/", "+-", "<>="}) reduce_operators(expression, operators, depth);
+  for (const int pass : {1, 2, 3}) reduce_operators(expression, pass, depth);
   reduce_choice(expression);
   if (used() > before) return variable(static_cast<std::int16_t>(used() - 1));
   return lone_operand(expression);
 }
 
-void FormulaCompiler::reduce_operators(std::string &expression, std::string_view operators, int depth) {
+void FormulaCompiler::reduce_operators(std::string &expression, int pass, int depth) {
   std::size_t at = 0;
-  while (!full() && (at = expression.find_first_of(operators, at)) != npos) {
+  while (!full() && (at = find_operator(expression, pass, at)) != npos) {
     Instruction instruction;
     instruction.operation = operator_at(expression, at);
     const Side left = left_operand(expression, at, depth);
     const Side right = right_operand(expression, at + operator_length(expression, at), depth);
     if (full()) return;  // the groups of the operands used up the table
-    instruction.left = left.operand;
-    instruction.right = right.operand;
+    instruction.left = read(left.operand);
+    instruction.right = read(right.operand);
     append(instruction);
     // Commas survive, so that the arguments of a choice stay apart.
     std::string replacement = variable_name(used());
@@ -448,7 +472,7 @@ FormulaCompiler::Side FormulaCompiler::left_operand(const std::string &expressio
   for (; walk > 0; --walk) {
     const char c = expression[walk - 1];
     if (c == ' ') continue;
-    if (!is_digit(c) && c != '.') break;
+    if (!framework::is_digit(c) && c != '.') break;
     written.insert(written.begin(), c);
     begin = walk - 1;
   }
@@ -468,7 +492,7 @@ FormulaCompiler::Side FormulaCompiler::right_operand(const std::string &expressi
                                                      int depth) {
   std::size_t end = at;
   while (end < expression.size() &&
-         (is_digit(expression[end]) || expression[end] == '.' || expression[end] == ' ')) {
+         (framework::is_digit(expression[end]) || expression[end] == '.' || expression[end] == ' ')) {
     ++end;
   }
   const char stop = end < expression.size() ? expression[end] : '\0';
@@ -512,8 +536,8 @@ void FormulaCompiler::reduce_choice(const std::string &expression) {
         program_.operands.push_back(number(0.0)), ++instruction.choices.count;
     } else {
       const bool is_variable = argument[text] == 'd';
-      program_.operands.push_back(is_variable ? variable(variable_index(argument.substr(text + 1, 2)))
-                                              : number(framework::whole_number(argument.substr(text))));
+      program_.operands.push_back(read(is_variable ? variable(variable_index(argument.substr(text + 1, 2)))
+                                                   : number(framework::whole_number(argument.substr(text)))));
       ++instruction.choices.count;
     }
     if (closes) break;
@@ -535,15 +559,17 @@ void FormulaCompiler::look_for_faults(std::size_t end) {
   int depth = 0;
   for (std::size_t at = 0; at < end; ++at) {
     const char c = work_[at];
-    if (work_.compare(at, 6, "switch") == 0) {
+    if (stands_at(work_, at, "switch")) {
       at += 5;
-    } else if (c == 'd' && at + 2 < end && is_digit(work_[at + 1]) && is_digit(work_[at + 2])) {
+    } else if (c == 'd' && at + 2 < end && framework::is_digit(work_[at + 1]) &&
+               framework::is_digit(work_[at + 2])) {
       at += 2;
     } else if (c == '(') {
       ++depth;
     } else if (c == ')') {
       if (--depth < 0) return fault(at);
-    } else if (!is_blank(c) && !is_digit(c) && std::string_view(".,+-*/<>=").find(c) == npos) {
+    } else if (!framework::is_space(c) && !framework::is_digit(c) &&
+               std::string_view(".,+-*/<>=").find(c) == npos) {
       return fault(at);
     }
   }

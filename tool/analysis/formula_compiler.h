@@ -78,7 +78,7 @@ class FormulaCompiler {
   std::uint32_t add_point(const PointNode &node);
 
   Operand reduce(std::string &expression, int depth);
-  void reduce_operators(std::string &expression, std::string_view operators, int depth);
+  void reduce_operators(std::string &expression, int pass, int depth);
   void reduce_choice(const std::string &expression);
   struct Side {
     Operand operand;
@@ -91,6 +91,11 @@ class FormulaCompiler {
   std::size_t used() const { return base_ + program_.instructions.size() - first_; }
   bool full() const { return used() >= max_values; }
   void append(const Instruction &instruction) { program_.instructions.push_back(instruction); }
+  /// Notes whether an operand is an entry that the formula itself has not written yet.
+  Operand read(Operand operand) {
+    if (operand.variable >= static_cast<int>(used())) reads_ahead_ = true;
+    return operand;
+  }
   void blank(std::size_t begin, std::size_t end);
   void fault(std::size_t position);
   void look_for_faults(std::size_t end);
@@ -106,6 +111,7 @@ class FormulaCompiler {
   std::size_t base_ = 0;
   std::size_t first_ = 0;
   std::int32_t malformed_at_ = -1;
+  bool reads_ahead_ = false;
 };
 
 }  // namespace analysis

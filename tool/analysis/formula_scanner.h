@@ -23,13 +23,22 @@ std::optional<PointStart> find_point(std::string_view text, std::size_t from);
 /// Position of the first `wanted` at or after `from` that is a character of its own; npos when there is none.
 std::size_t find_character(std::string_view text, char wanted, std::size_t from);
 
-/// True for blanks, tabs and line ends.
-constexpr bool is_blank(char c) {
-  return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+/// Whether `word` stands at `at`. Words are short and mostly differ in their first letters.
+constexpr bool stands_at(std::string_view text, std::size_t at, std::string_view word) {
+  if (text.size() - at < word.size()) return false;
+  for (std::size_t i = 0; i < word.size(); ++i) {
+    if (text[at + i] != word[i]) return false;
+  }
+  return true;
 }
-constexpr bool is_digit(char c) {
-  return c >= '0' && c <= '9';
+
+/// What is written in double quotes and square brackets is a name, not part of the formula.
+constexpr bool is_opening(char c) {
+  return c == '"' || c == '[';
 }
+/// Position behind the quoted or bracketed text that opens at `open`; behind the opening itself when nothing
+/// closes it.
+std::size_t behind_enclosed(std::string_view text, std::size_t open);
 
 /// Position of `word` at or after `from`, outside double quotes and square brackets; npos when there is none.
 std::size_t find_word(std::string_view text, std::string_view word, std::size_t from = 0);

@@ -1,6 +1,6 @@
 #include "tool/analysis/landmarks.h"
 
-#include <algorithm>
+#include "tool/analysis/name_index.h"
 
 namespace analysis {
 
@@ -27,11 +27,23 @@ std::span<const std::string_view> vocabulary(RecordKind kind) {
   return {};
 }
 
+namespace {
+
+NameIndex index_of(std::span<const std::string_view> names) {
+  NameIndex index(names.size());
+  for (std::size_t k = 0; k < names.size(); ++k) index.insert(names[k], static_cast<std::uint32_t>(k));
+  return index;
+}
+
+}  // namespace
+
 std::optional<int> find_landmark(RecordKind kind, std::string_view name) {
-  const auto names = vocabulary(kind);
-  const auto found = std::find(names.begin(), names.end(), name);
-  if (found == names.end()) return std::nullopt;
-  return static_cast<int>(found - names.begin());
+  static const NameIndex lateral_index = index_of(lateral_landmarks);
+  static const NameIndex frontal_index = index_of(frontal_landmarks);
+  if (kind == RecordKind::model) return std::nullopt;
+  const NameIndex &index = kind == RecordKind::lateral ? lateral_index : frontal_index;
+  if (const std::optional<std::uint32_t> found = index.find(name)) return static_cast<int>(*found);
+  return std::nullopt;
 }
 
 }  // namespace analysis

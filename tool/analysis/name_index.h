@@ -17,10 +17,11 @@ class NameIndex {
     slots_.resize(capacity);
   }
 
-  /// Does nothing when the name is there already. At most `expected` names fit.
-  void insert(std::string_view name, std::uint32_t number) {
+  /// The number that the name has from now on: the one it had, else this one. At most `expected` names fit.
+  std::uint32_t insert(std::string_view name, std::uint32_t number) {
     Slot &slot = slots_[locate(name)];
     if (slot.number == empty) slot = {name, number};
+    return slot.number;
   }
 
   std::optional<std::uint32_t> find(std::string_view name) const {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "tool/analysis/formula_scanner.h"
+#include "tool/framework/text/ascii.h"
 #include "tool/framework/text/decimal.h"
 
 namespace analysis {
@@ -55,7 +55,7 @@ std::string scale_norm_length(std::string_view text, double magnification) {
   std::size_t decimals = 0;
   if (point != std::string_view::npos) {
     const auto first = text.begin() + static_cast<std::ptrdiff_t>(point) + 1;
-    decimals = static_cast<std::size_t>(std::find_if_not(first, text.end(), is_digit) - first);
+    decimals = static_cast<std::size_t>(std::find_if_not(first, text.end(), framework::is_digit) - first);
   }
   decimals = std::max<std::size_t>(decimals, 1);
   const double scaled = framework::decimal_value(text) * (magnification / norm_magnification);
@@ -69,7 +69,7 @@ std::string scale_norm_length(std::string_view text, double magnification) {
 NormFormula split_norm_formula(std::string_view field) {
   const char last = field.empty() ? '0' : field.back();
   return {field.substr(0, field.size() - std::min<std::size_t>(field.size(), 2)),
-          is_digit(last) ? last - '0' : 0};
+          framework::is_digit(last) ? last - '0' : 0};
 }
 
 }  // namespace analysis

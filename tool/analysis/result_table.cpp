@@ -105,9 +105,8 @@ class RowBuilder {
   }
 
   void fill_norms(std::size_t index, int kind, TableRow &row) {
-    const std::optional<std::size_t> first = analysis_.find_item(analysis_.items()[index].text);
-    row.mean = evaluator_.norm_text(first.value_or(index), NormKind::mean, kind);
-    row.sd = evaluator_.norm_text(first.value_or(index), NormKind::sd, kind);
+    row.mean = evaluator_.norm_text(index, NormKind::mean, kind);
+    row.sd = evaluator_.norm_text(index, NormKind::sd, kind);
     if (explain_ == Explain::no) return;
     const std::optional<Reason> norm_reason = evaluator_.take_reason();
     if (!row.reason) row.reason = norm_reason;
@@ -131,14 +130,20 @@ class RowBuilder {
 
 std::vector<TableRow> result_table(const Analysis &analysis, const Tracing &tracing, const Patient &patient,
                                    int precision, Explain explain) {
-  RowBuilder builder(analysis, tracing, patient, precision, explain);
   std::vector<TableRow> rows;
   rows.reserve(analysis.items().size());
+  visit_result_rows(analysis, tracing, patient, precision, explain,
+                    [&](TableRow &row) { rows.push_back(std::move(row)); });
+  return rows;
+}
+
+void visit_result_rows(const Analysis &analysis, const Tracing &tracing, const Patient &patient,
+                       int precision, Explain explain, const std::function<void(TableRow &)> &visit) {
+  RowBuilder builder(analysis, tracing, patient, precision, explain);
   for (std::size_t i = 0; i < analysis.items().size(); ++i) {
     if (!analysis.items()[i].listed) continue;
-    if (std::optional<TableRow> row = builder.row(i)) rows.push_back(std::move(*row));
+    if (std::optional<TableRow> row = builder.row(i)) visit(*row);
   }
-  return rows;
 }
 
 std::optional<TableRow> result_row(const Analysis &analysis, std::string_view item, const Tracing &tracing,

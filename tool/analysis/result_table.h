@@ -1,6 +1,7 @@
 #pragma once
 // The rows of a result table, ready to be shown or printed.
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,6 +32,10 @@ enum class Explain { no, yes };
 /// The result table of the listed items, in file order.
 std::vector<TableRow> result_table(const Analysis &analysis, const Tracing &tracing, const Patient &patient,
                                    int precision, Explain explain = Explain::yes);
+
+/// The same, row by row: `visit` may take the row's texts. Nothing else is allocated for the table.
+void visit_result_rows(const Analysis &analysis, const Tracing &tracing, const Patient &patient,
+                       int precision, Explain explain, const std::function<void(TableRow &)> &visit);
 
 /// One item by its text; empty when the analysis does not hold it. A "Calc2:" item is found too.
 std::optional<TableRow> result_row(const Analysis &analysis, std::string_view item, const Tracing &tracing,

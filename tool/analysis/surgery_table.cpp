@@ -41,10 +41,9 @@ class SideBuilder {
 
  private:
   std::string_view mark(std::size_t index, double value) {
-    const std::size_t first = analysis_.find_item(analysis_.items()[index].text).value_or(index);
-    const double sd = evaluator_.norm_number(first, NormKind::sd).value_or(0.0);
+    const double sd = evaluator_.norm_number(index, NormKind::sd).value_or(0.0);
     if (sd == 0.0) return {};
-    const double mean = evaluator_.norm_number(first, NormKind::mean).value_or(0.0);
+    const double mean = evaluator_.norm_number(index, NormKind::mean).value_or(0.0);
     return deviation_mark((value - mean) / sd);
   }
 

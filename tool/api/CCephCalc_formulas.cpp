@@ -112,9 +112,8 @@ double CCephCalc::Calc_Mult(int mode, unsigned int kind, char *text, void *recor
   FormulaCompiler compiler(program, Mode{mode}, nullptr, false);
   const Formula compiled = compiler.compile_term(*term, text);
   const Tracing tracing(Mode{mode}, record, kCount, kPoints, uCount, uPoints);
-  ValueTable table{};
   const double result =
-      Evaluator(tracing, Patient{sex}, nullptr, Evaluator::Reasons::ignore).run(program, compiled, table);
+      Evaluator(tracing, Patient{sex}, nullptr, Evaluator::Reasons::ignore).run(program, compiled);
   consume(text, compiler);
   return result;
 }
@@ -128,10 +127,9 @@ double CCephCalc::Calc_SDU(int mode, int selector, int fileIndex, char *text, vo
   FormulaCompiler compiler(program, Mode{mode}, item_index(file), false);
   const Formula compiled = compiler.compile_term(reference_term(selector), text);
   const Tracing tracing(Mode{mode}, record, kCount, kPoints, uCount, uPoints);
-  ValueTable table{};
   const double result = Evaluator(tracing, Patient{sex, ageCode, magnification}, file ? &*file : nullptr,
                                   Evaluator::Reasons::ignore)
-                            .run(program, compiled, table);
+                            .run(program, compiled);
   consume(text, compiler);
   return result;
 }

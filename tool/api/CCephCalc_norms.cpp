@@ -175,11 +175,9 @@ double CCephCalc::Get_RickettsParam(tagPOINTLAT *points, int itemIndex, int sex,
   const auto index = static_cast<std::size_t>(found - items.begin());
   const Tracing tracing(Mode::lateral, points, nullptr, nullptr, nullptr, nullptr);
   Evaluator evaluator(tracing, Patient{sex, ageCode, magnification}, &*file, Evaluator::Reasons::ignore);
-  analysis::ValueTable table{};
-  const double value = evaluator.run(file->compiled().program, file->compiled().plans[index].formula, table);
-  const std::size_t norm_index = file->find_item(found->text).value_or(index);
-  const std::optional<double> mean = evaluator.norm_number(norm_index, NormKind::mean);
-  const std::optional<double> sd = evaluator.norm_number(norm_index, NormKind::sd);
+  const double value = evaluator.run(file->compiled().program, file->compiled().plans[index].formula);
+  const std::optional<double> mean = evaluator.norm_number(index, NormKind::mean);
+  const std::optional<double> sd = evaluator.norm_number(index, NormKind::sd);
   if (nameOut) {
     std::memcpy(nameOut, found->text.data(), found->text.size());
     nameOut[found->text.size()] = '\0';

@@ -17,11 +17,11 @@ std::optional<Analysis> load(Mode mode, int file_index) {
 }
 
 void set_text(CListCtrl &list, int row, int column, const std::string &text) {
-  if (!text.empty()) list.SetItemText(row, column, text.c_str());
+  if (!text.empty()) list.set_item_text(row, column, text);
 }
 
 void insert_row(CListCtrl &list, int at, const analysis::TableRow &row) {
-  list.InsertItem(at, row.item.c_str());
+  list.insert_item(at, row.item);
   set_text(list, at, 1, row.mean);
   set_text(list, at, 2, row.sd);
   set_text(list, at, 3, row.value);
@@ -30,7 +30,7 @@ void insert_row(CListCtrl &list, int at, const analysis::TableRow &row) {
 }
 
 void insert_row(CListCtrl &list, int at, const analysis::SurgeryRow &row) {
-  list.InsertItem(at, row.item.c_str());
+  list.insert_item(at, row.item);
   set_text(list, at, 1, row.before.value);
   set_text(list, at, 2, row.before.mark);
   set_text(list, at, 3, row.after.value);
@@ -47,10 +47,9 @@ void CCephCalc::User_Calc(int mode, CListCtrl *list, void *record, int fileIndex
   if (!file) return;
   const Tracing tracing(Mode{mode}, record, kCount, kPoints, uCount, uPoints);
   int at = 0;
-  for (const analysis::TableRow &row : analysis::result_table(
-           *file, tracing, Patient{sex, ageCode, magnification}, precision, analysis::Explain::no)) {
-    insert_row(*list, at++, row);
-  }
+  analysis::visit_result_rows(*file, tracing, Patient{sex, ageCode, magnification}, precision,
+                              analysis::Explain::no,
+                              [&](const analysis::TableRow &row) { insert_row(*list, at++, row); });
 }
 
 void CCephCalc::User_CalcSurg(CListCtrl *list, void *before, void *after, unsigned short *kCount,

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <optional>
 
 #include "tool/framework/text/ascii.h"
 
@@ -43,6 +44,32 @@ bool is_too_large(std::string_view number) {
   const int exponent =
       exponent_mark == std::string_view::npos ? 0 : whole_number(number.substr(exponent_mark + 1));
   return place + exponent > 0;
+}
+
+/// The usual number: few digits and a point. Its digits and its power of ten are doubles without error, so one
+/// division rounds it correctly. Empty for any other.
+std::optional<double> short_decimal(std::string_view text) {
+  constexpr std::size_t most_digits = 15;
+  constexpr std::array<double, most_digits + 1> powers{1.0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                       1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  std::uint64_t digits = 0;
+  std::size_t count = 0;
+  std::size_t decimals = 0;
+  bool after_point = false;
+  for (const char c : text) {
+    if (is_digit(c)) {
+      digits = digits * 10 + static_cast<std::uint64_t>(c - '0');
+      decimals += after_point ? 1 : 0;
+      if (++count > most_digits) return std::nullopt;
+    } else if (c == '.' && !after_point) {
+      after_point = true;
+    } else if (c == 'e' || c == 'E') {
+      return std::nullopt;
+    } else {
+      break;
+    }
+  }
+  return static_cast<double>(digits) / powers[decimals];
 }
 
 constexpr int most_decimals = 340;
@@ -85,6 +112,7 @@ double decimal_value(std::string_view text) {
   text = without_leading_space(text);
   const bool negative = take_sign(text);
   if (!starts_with_decimal(text)) return 0.0;
+  if (const std::optional<double> simple = short_decimal(text)) return negative ? -*simple : *simple;
   double value = 0.0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error == std::errc::result_out_of_range) {
