@@ -35,7 +35,7 @@ TEST(LateralCatalogue, AgreesWithGeometryWrittenOutByHand) {
       film.pt[first_landmark_entry + k].y += shift(random);
     }
     for (const bool negate : {true, false}) {
-      const auto expected = support::straight_line_catalogue(film, negate);
+      const auto expected = support::straight_line_catalogue<support::SchoolGeometry>(film, negate);
       std::size_t next = 0;
       for (int number = 0; number < 9; ++number) {
         for (int item = 0; item < lateral_catalogue_sizes[number]; ++item, ++next) {

@@ -41,8 +41,7 @@ TEST(CPointD, CompoundOperatorsSurviveTheirOwnMembersAsOperands) {
   EXPECT_TRUE(point == CPointD(1.0, 3.0));
   point.SetPoint(point.y, point.x);
   EXPECT_TRUE(point == CPointD(3.0, 1.0));
-  const CPointD &same = point;
-  point -= same;
+  point -= point;
   EXPECT_EQ(point.IsPointNull(), 1);
 }
 

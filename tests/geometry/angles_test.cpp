@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -74,6 +75,19 @@ TEST(SignedAngle, StaysInRangeForNearlyParallelPixels) {
     const double angle = signed_angle(u, v);
     EXPECT_TRUE(std::isnan(angle) || (angle > -180.0 - tolerance && angle <= 180.0 + tolerance));
   }
+}
+
+TEST(ArcTangent, IsThatOfTheStandardLibrary) {
+  SCOPED_TRACE("seed 14");
+  support::RandomPoints random(14);
+  for (int i = 0; i < 100000; ++i) {
+    const double opposite = std::exp(random.number(-30, 30)), adjacent = std::sinh(random.number(-30, 30));
+    const double expected = std::atan2(opposite, adjacent);
+    EXPECT_NEAR(geometry::angle_of_legs(opposite, adjacent), expected, 4.5e-16 * std::max(1.0, expected));
+  }
+  EXPECT_EQ(geometry::angle_of_legs(0.0, 3.0), 0.0);
+  EXPECT_EQ(geometry::angle_of_legs(3.0, 0.0), std::numbers::pi / 2);
+  EXPECT_EQ(geometry::angle_of_legs(0.0, -3.0), std::numbers::pi);
 }
 
 TEST(AngleAt, MeasuresBetweenTheArms) {

@@ -20,30 +20,32 @@ inline double distance(Spot p, Spot q) {
   return std::sqrt(dx * dx + dy * dy);
 }
 
-/// Counter-clockwise on the screen from p-q to r-t, degrees.
-inline double turn(Spot p, Spot q, Spot r, Spot t) {
-  const double ux = q.x - p.x, uy = q.y - p.y, vx = t.x - r.x, vy = t.y - r.y;
-  return std::atan2(uy * vx - ux * vy, ux * vx + uy * vy) * (180.0 / 3.14159265358979323846);
-}
-
-inline Spot foot(Spot p, Spot q, Spot r) {
-  const double dx = r.x - q.x, dy = r.y - q.y;
-  const double share = ((p.x - q.x) * dx + (p.y - q.y) * dy) / (dx * dx + dy * dy);
-  return {q.x + share * dx, q.y + share * dy};
-}
+/// The shortest way to each construction. Not for degenerate lines.
+struct SchoolGeometry {
+  /// Counter-clockwise on the screen from p-q to r-t, degrees.
+  static double turn(Spot p, Spot q, Spot r, Spot t) {
+    const double ux = q.x - p.x, uy = q.y - p.y, vx = t.x - r.x, vy = t.y - r.y;
+    return std::atan2(uy * vx - ux * vy, ux * vx + uy * vy) * (180.0 / 3.14159265358979323846);
+  }
+  static Spot foot(Spot p, Spot q, Spot r) {
+    const double dx = r.x - q.x, dy = r.y - q.y;
+    const double share = ((p.x - q.x) * dx + (p.y - q.y) * dy) / (dx * dx + dy * dy);
+    return {q.x + share * dx, q.y + share * dy};
+  }
+  static Spot crossing(Spot p, Spot q, Spot r, Spot t) {
+    const double ux = q.x - p.x, uy = q.y - p.y, vx = t.x - r.x, vy = t.y - r.y;
+    const double share = ((r.x - p.x) * vy - (r.y - p.y) * vx) / (ux * vy - uy * vx);
+    return {p.x + share * ux, p.y + share * uy};
+  }
+};
 
 /// The foot in whole pixels: as it is for upright and level lines, else half a pixel added and cut.
-inline Spot pixel_foot(Spot p, Spot q, Spot r) {
+template <class Geometry>
+Spot pixel_foot(Spot p, Spot q, Spot r) {
   if (q.x == r.x) return {q.x, p.y};
   if (q.y == r.y) return {p.x, q.y};
-  const Spot f = foot(p, q, r);
+  const Spot f = Geometry::foot(p, q, r);
   return {std::trunc(f.x + 0.5), std::trunc(f.y + 0.5)};
-}
-
-inline Spot crossing(Spot p, Spot q, Spot r, Spot t) {
-  const double ux = q.x - p.x, uy = q.y - p.y, vx = t.x - r.x, vy = t.y - r.y;
-  const double share = ((r.x - p.x) * vy - (r.y - p.y) * vx) / (ux * vy - uy * vx);
-  return {p.x + share * ux, p.y + share * uy};
 }
 
 inline Spot pixel_middle(Spot p, Spot q) {
@@ -55,7 +57,12 @@ inline double ahead(Spot p, Spot f, double scale) {
 }
 
 /// Every item in the order of the catalogue.
-inline std::array<double, 148> straight_line_catalogue(const tagPOINTLAT &film, bool negate_ans_pns) {
+template <class Geometry>
+std::array<double, 148> straight_line_catalogue(const tagPOINTLAT &film, bool negate_ans_pns) {
+  constexpr auto turn = Geometry::turn;
+  constexpr auto foot = Geometry::foot;
+  constexpr auto crossing = Geometry::crossing;
+  constexpr auto pixel_foot = support::pixel_foot<Geometry>;
   const auto at = [&](int k) {
     return Spot{static_cast<double>(film.pt[8 + k].x), static_cast<double>(film.pt[8 + k].y)};
   };

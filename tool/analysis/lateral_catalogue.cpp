@@ -49,6 +49,12 @@ class Film {
   }
 
  private:
+  CPoint foot_on_horizontal(Landmark k) const {
+    return geometry::integer_foot(landmarks_[Po], landmarks_[Or], landmarks_[k]);
+  }
+  CPoint middle(Landmark from, Landmark to) const {
+    return geometry::integer_midpoint(landmarks_[from], landmarks_[to]);
+  }
   CPoint constructed_whole(int point) const;
   CPointD constructed_real(int point) const;
 
@@ -60,43 +66,51 @@ class Film {
 CPoint Film::constructed_whole(int point) const {
   switch (point) {
     case CF:
-      return geometry::integer_foot(whole(Po), whole(Or), whole(PT));
+      return foot_on_horizontal(PT);
     case Nperp:
-      return geometry::integer_foot(whole(Po), whole(Or), whole(N));
+      return foot_on_horizontal(N);
     case Mi:
-      return geometry::integer_midpoint(whole(L1), whole(U1));
+      return middle(L1, U1);
     case Mm:
-      return geometry::integer_midpoint(whole(LMo), whole(UMo));
+      return middle(LMo, UMo);
     case MiU:
-      return geometry::integer_midpoint(whole(U1), whole(L1));
+      return middle(U1, L1);
     case MmU:
-      return geometry::integer_midpoint(whole(UMo), whole(LMo));
+      return middle(UMo, LMo);
     default:
       return {};
   }
 }
 
 CPointD Film::constructed_real(int point) const {
-  const auto crossing = [this](int a, int b, int c, int d) {
-    return geometry::cross_point(real(a), real(b), real(c), real(d));
-  };
+  const auto at = [this](Landmark k) { return CPointD(landmarks_[k].x, landmarks_[k].y); };
   switch (point) {
+    case CF:
+      return foot_on_horizontal(PT);
+    case Mi:
+      return middle(L1, U1);
+    case Mm:
+      return middle(LMo, UMo);
+    case MiU:
+      return middle(U1, L1);
+    case MmU:
+      return middle(UMo, LMo);
     case CFd:
-      return geometry::foot(real(Po), real(Or), real(PT));
+      return geometry::foot(at(Po), at(Or), at(PT));
     case Mid:
-      return geometry::midpoint(real(L1), real(U1));
+      return geometry::midpoint(at(L1), at(U1));
     case Mmd:
-      return geometry::midpoint(real(LMo), real(UMo));
+      return geometry::midpoint(at(LMo), at(UMo));
     case GnX:
-      return crossing(N, PogR, Me, GoL);
+      return geometry::cross_point(at(N), at(PogR), at(Me), at(GoL));
     case CC:
-      return crossing(Ba, N, PT, Gn);
+      return geometry::cross_point(at(Ba), at(N), at(PT), at(Gn));
     case GoX:
-      return crossing(GoL, Me, Ar, GoP);
+      return geometry::cross_point(at(GoL), at(Me), at(Ar), at(GoP));
     case RamusGoX:
-      return crossing(Ar, GoP, Me, GoL);
+      return geometry::cross_point(at(Ar), at(GoP), at(Me), at(GoL));
     default:
-      return constructed_whole(point);
+      return {};
   }
 }
 
@@ -138,12 +152,10 @@ double wits(const Film &film, int p, int q, int r, int t) {
   return lower.x < upper.x ? distance : 0.0 - distance;
 }
 
-/// A measure of points.
-double point_measure(const Film &film, const Item &item) {
+/// A measure of points other than a plain angle.
+[[gnu::noinline]] double point_measure(const Film &film, const Item &item) {
   const auto [p, q, r, t] = item.points;
   switch (item.measure) {
-    case Measure::angle:
-      return geometry::signed_angle(film.direction(p, q), film.direction(r, t));
     case Measure::length:
       return geometry::integer_length(film.whole(p), film.whole(q), film.scale());
     case Measure::built_angle:
@@ -194,15 +206,22 @@ double measured(const Film &film, int analysis, const Item &item);
 }
 
 double measured(const Film &film, int analysis, const Item &item) {
-  if (item.measure >= Measure::difference) return item_measure(film, analysis, item);
-  const double value = point_measure(film, item);
-  return item.sign == Sign::kept || !film.negates(item.sign) ? value : 0.0 - value;  // no minus zero
+  double value = 0.0;
+  if (item.measure == Measure::angle) [[likely]] {
+    const auto [p, q, r, t] = item.points;
+    value = geometry::signed_angle(film.direction(p, q), film.direction(r, t));
+  } else if (item.measure >= Measure::difference) {
+    return item_measure(film, analysis, item);
+  } else {
+    value = point_measure(film, item);
+  }
+  return film.negates(item.sign) ? 0.0 - value : value;  // never minus zero
 }
 
 }  // namespace
 
 CatalogueValue lateral_catalogue(const tagPOINTLAT &record, int analysis, int item, bool negate_ans_pns) {
-  if (!in_catalogue(analysis, item)) {
+  if (!in_catalogue(analysis, item)) [[unlikely]] {
     if (analysis == 7) return {0.0, 1};
     return {record.scale, analysis == 1 ? 1 : 0};
   }

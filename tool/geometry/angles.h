@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
+#include "tool/geometry/arc_tangent.h"
 #include "tool/geometry/constants.h"
 #include "tool/geometry/distances.h"
 
@@ -15,13 +15,15 @@ namespace detail {
 /// The rules for directions that are parallel or nearly so.
 double nearly_parallel_angle(const CPointD &u, const CPointD &v);
 
-/// Angle of a right triangle's legs, radians in [0, pi]: atan2 for an opposite leg that is not negative,
-/// without its care for zeros and infinities.
-inline double angle_of_legs(double opposite, double adjacent) {
-  const double along = std::abs(adjacent);
-  const double acute =
-      opposite <= along ? std::atan(opposite / along) : std::numbers::pi / 2.0 - std::atan(along / opposite);
-  return adjacent < 0.0 ? std::numbers::pi - acute : acute;
+/// On bare coordinates, which stay in registers. Kept out of line: inlined into its callers it makes them
+/// pack the coordinates through memory, which costs more than the call.
+[[gnu::noinline]] inline double signed_angle(double ux, double uy, double vx, double vy) {
+  const double dot = vx * ux + vy * uy;
+  const double cross = ux * vy - uy * vx;
+  const double across = std::abs(cross);
+  if (!(across > 1e-4 * std::abs(dot))) [[unlikely]]
+    return nearly_parallel_angle({ux, uy}, {vx, vy});
+  return std::copysign(angle_of_legs(across, dot), -cross) * degrees_per_radian;
 }
 
 }  // namespace detail
@@ -31,24 +33,19 @@ inline double angle_of_legs(double opposite, double adjacent) {
 /// exactly opposite ones of equal length 180. One zero direction gives not-a-number, two give 0.
 ///
 /// The published definition takes the arc cosine, turns u by plus and by minus that angle and keeps the sign
-/// that comes nearer to v. The cross product decides the same without turning anything, and well away from
-/// parallel the arc tangent gives the same size without the two square roots.
+/// that comes nearer to v (a tie: positive). The cross product decides the same without turning anything, and
+/// well away from parallel the arc tangent gives the same size without the two square roots.
 inline double signed_angle(const CPointD &u, const CPointD &v) {
-  const double dot = v.x * u.x + v.y * u.y;
-  const double cross = u.x * v.y - u.y * v.x;
-  const double across = std::abs(cross);
-  if (!(across > 1e-4 * std::abs(dot))) return detail::nearly_parallel_angle(u, v);
-  const double size = to_degrees(detail::angle_of_legs(across, dot));
-  return cross > 0.0 ? -size : size;
+  return detail::signed_angle(u.x, u.y, v.x, v.y);
 }
 
 /// Signed angle from line a1a2 to line b1b2.
 inline double signed_angle(const CPointD &a1, const CPointD &a2, const CPointD &b1, const CPointD &b2) {
-  return signed_angle(a2 - a1, b2 - b1);
+  return detail::signed_angle(a2.x - a1.x, a2.y - a1.y, b2.x - b1.x, b2.y - b1.y);
 }
 
 /// Angle at the vertex between the arms towards a and c, 0 to 180; -1 for an arm without length.
-inline double angle_at(const CPointD &a, const CPointD &vertex, const CPointD &c) {
+inline double angle_at(CPointD a, CPointD vertex, CPointD c) {
   const CPointD u = vertex - a;
   const CPointD v = c - vertex;
   const double lengths = norm(u) * norm(v);

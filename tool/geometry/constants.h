@@ -7,6 +7,7 @@ namespace geometry {
 inline constexpr double pi = 3.141592654;
 inline constexpr double half_pi = 1.570796327;
 inline constexpr double two_pi = 6.283185308;
+inline constexpr double degrees_per_radian = 180.0 / pi;
 
 constexpr double to_radians(double degrees) {
   return degrees / 180.0 * pi;

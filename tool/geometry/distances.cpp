@@ -12,8 +12,7 @@ bool same_sense(double line_from, double line_to, double from, double to) {
 
 }  // namespace
 
-double projected_length(const CPointD &a, const CPointD &b, const CPointD &p, const CPointD &q, double scale,
-                        bool with_sign) {
+double projected_length(CPointD a, CPointD b, CPointD p, CPointD q, double scale, bool with_sign) {
   if (a == b) return 0.0;
   const CPointD from = foot(a, b, p);
   const CPointD to = foot(a, b, q);
@@ -27,7 +26,7 @@ double projected_length(const CPointD &a, const CPointD &b, const CPointD &p, co
   return along ? projected : -projected;
 }
 
-double triangle_area(const CPoint &a, const CPoint &b, const CPoint &c, double scale) {
+double triangle_area(CPoint a, CPoint b, CPoint c, double scale) {
   const double ab = integer_length(a, b, scale);
   const double bc = integer_length(b, c, scale);
   const double ca = integer_length(c, a, scale);

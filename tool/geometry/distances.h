@@ -9,30 +9,29 @@
 
 namespace geometry {
 
-inline double norm(const CPointD &v) {
+inline double norm(CPointD v) {
   return std::sqrt(v.x * v.x + v.y * v.y);
 }
 
-inline double length(const CPointD &a, const CPointD &b, double scale) {
+inline double length(CPointD a, CPointD b, double scale) {
   return norm(b - a) * scale;
 }
 
 /// The same on whole pixels: the differences are formed in 32 bits.
-inline double integer_length(const CPoint &a, const CPoint &b, double scale) {
+inline double integer_length(CPoint a, CPoint b, double scale) {
   return norm(CPointD(integer_difference(b.x, a.x), integer_difference(b.y, a.y))) * scale;
 }
 
 /// Distance of p from line ab, never negative; coinciding a and b count as a vertical line.
-inline double distance_to_line(const CPointD &a, const CPointD &b, const CPointD &p, double scale) {
+inline double distance_to_line(CPointD a, CPointD b, CPointD p, double scale) {
   return length(p, foot(a, b, p), scale);
 }
 
 /// Length of the projection of segment pq onto line ab. When `with_sign`, negative where pq runs against ab.
 /// 0 when a and b coincide or the projections of p and q do.
-double projected_length(const CPointD &a, const CPointD &b, const CPointD &p, const CPointD &q, double scale,
-                        bool with_sign);
+double projected_length(CPointD a, CPointD b, CPointD p, CPointD q, double scale, bool with_sign);
 
 /// Area of triangle abc by Heron's formula; 0 for points on one line.
-double triangle_area(const CPoint &a, const CPoint &b, const CPoint &c, double scale);
+double triangle_area(CPoint a, CPoint b, CPoint c, double scale);
 
 }  // namespace geometry

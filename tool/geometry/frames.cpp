@@ -15,7 +15,7 @@ struct ArmOffset {
   double sign;      ///< 1 while d projects strictly inside the arm
 };
 
-ArmOffset oblique_arm_offset(const CPoint &a, const CPoint &end, const CPoint &d) {
+ArmOffset oblique_arm_offset(CPoint a, CPoint end, CPoint d) {
   const CPoint on_arm = truncate(foot(CPointD(a), CPointD(end), CPointD(d)));
   const double arm = integer_length(a, end, 1.0);
   const bool inside = integer_length(end, on_arm, 1.0) < arm && integer_length(a, on_arm, 1.0) < arm;
@@ -24,14 +24,14 @@ ArmOffset oblique_arm_offset(const CPoint &a, const CPoint &end, const CPoint &d
 
 }  // namespace
 
-AxisOffsets axis_offsets(const CPoint &a, const CPoint &b, const CPoint &c, const CPoint &d, double scale) {
+AxisOffsets axis_offsets(CPoint a, CPoint b, CPoint c, CPoint d, double scale) {
   const CPointD from_d = CPointD(a) - CPointD(d);
   const ArmOffset from_ab = a.y == b.y ? ArmOffset{from_d.y, 1.0} : oblique_arm_offset(a, b, d);
   const ArmOffset from_ac = a.y == c.y ? ArmOffset{from_d.x, 1.0} : oblique_arm_offset(a, c, d);
   return {from_ac.distance * from_ab.sign * scale, from_ab.distance * from_ac.sign * scale};
 }
 
-CPointD offset_in_frame(const CPointD &a, const CPointD &b, double scale, double along, double across) {
+CPointD offset_in_frame(CPointD a, CPointD b, double scale, double along, double across) {
   if (scale == 0.0) return {};
   if (along == 0.0) return a;
   const double axis = b.x == a.x ? half_pi : std::atan((b.y - a.y) / (b.x - a.x));

@@ -15,12 +15,12 @@ struct AxisOffsets {
 
 /// Coordinates of d in the frame with origin a and axes ab and ac (meant to be perpendicular). The feet on
 /// the axes are whole pixels. A horizontal axis ab measures a.y - d.y and a horizontal ac a.x - d.x instead.
-AxisOffsets axis_offsets(const CPoint &a, const CPoint &b, const CPoint &c, const CPoint &d, double scale);
+AxisOffsets axis_offsets(CPoint a, CPoint b, CPoint c, CPoint d, double scale);
 
 /// The point `along` and `across` millimetres from a in a frame whose first axis lies on line ab and points
 /// to +x (down for a vertical line); positive `across` lies counter-clockwise of it on the screen. Scale 0
 /// gives (0, 0), `along` 0 gives a whatever `across` is.
-CPointD offset_in_frame(const CPointD &a, const CPointD &b, double scale, double along, double across);
+CPointD offset_in_frame(CPointD a, CPointD b, double scale, double along, double across);
 
 /// Landmarks that carry the origin where the cranial base meets the facial axis.
 struct FacialAxisLandmarks {

@@ -10,12 +10,12 @@ namespace geometry {
 
 // Midpoints ---------------------------------------------------------------------------------------
 
-constexpr CPointD midpoint(const CPointD &a, const CPointD &b) {
+constexpr CPointD midpoint(CPointD a, CPointD b) {
   return {a.x == b.x ? a.x : (b.x - a.x) * 0.5 + a.x, a.y == b.y ? a.y : (b.y - a.y) * 0.5 + a.y};
 }
 
 /// In whole pixels, truncated from a's side: between 3 and 6 lies 4, between 6 and 3 lies 5.
-constexpr CPoint integer_midpoint(const CPoint &a, const CPoint &b) {
+constexpr CPoint integer_midpoint(CPoint a, CPoint b) {
   return {integer_sum(a.x, integer_difference(b.x, a.x) / 2),
           integer_sum(a.y, integer_difference(b.y, a.y) / 2)};
 }
@@ -23,7 +23,7 @@ constexpr CPoint integer_midpoint(const CPoint &a, const CPoint &b) {
 // Feet --------------------------------------------------------------------------------------------
 
 /// Foot of the perpendicular from p to line ab; (a.x, p.y) when a and b coincide.
-constexpr CPointD foot(const CPointD &a, const CPointD &b, const CPointD &p) {
+constexpr CPointD foot(CPointD a, CPointD b, CPointD p) {
   if (a.x == b.x) return {a.x, p.y};
   if (a.y == b.y) return {p.x, a.y};
   const double m = (b.y - a.y) / (b.x - a.x);
@@ -33,14 +33,14 @@ constexpr CPointD foot(const CPointD &a, const CPointD &b, const CPointD &p) {
 }
 
 /// The same in whole pixels. On an oblique line 0.5 is added to each coordinate before it is truncated.
-constexpr CPoint integer_foot(const CPoint &a, const CPoint &b, const CPoint &p) {
+constexpr CPoint integer_foot(CPoint a, CPoint b, CPoint p) {
   if (a.x == b.x) return {a.x, p.y};
   if (a.y == b.y) return {p.x, a.y};
   return truncate(foot(CPointD(a), CPointD(b), CPointD(p)) + CPointD(0.5, 0.5));
 }
 
 /// Intersection of the perpendicular to ab through c with the parallel to ab through d.
-constexpr CPointD projection(const CPointD &a, const CPointD &b, const CPointD &c, const CPointD &d) {
+constexpr CPointD projection(CPointD a, CPointD b, CPointD c, CPointD d) {
   if (a.x == b.x) return {d.x, c.y};
   if (a.y == b.y) return {c.x, d.y};
   const double n = -(b.x - a.x) / (b.y - a.y);
@@ -53,8 +53,7 @@ constexpr CPointD projection(const CPointD &a, const CPointD &b, const CPointD &
 // Intersections -----------------------------------------------------------------------------------
 
 /// Intersection of line ab with line cd; empty for parallel lines and for two vertical ones.
-constexpr std::optional<CPointD> intersection(const CPointD &a, const CPointD &b, const CPointD &c,
-                                              const CPointD &d) {
+constexpr std::optional<CPointD> intersection(CPointD a, CPointD b, CPointD c, CPointD d) {
   const CPointD u = b - a;
   const CPointD v = d - c;
   if (u.x == 0.0) {
@@ -72,12 +71,12 @@ constexpr std::optional<CPointD> intersection(const CPointD &a, const CPointD &b
 }
 
 /// The same with (0, 0), the empty point, for "no intersection".
-constexpr CPointD cross_point(const CPointD &a, const CPointD &b, const CPointD &c, const CPointD &d) {
+constexpr CPointD cross_point(CPointD a, CPointD b, CPointD c, CPointD d) {
   return intersection(a, b, c, d).value_or(CPointD());
 }
 
 /// True when p lies in the upright rectangle spanned by a and b, edges included.
-constexpr bool in_box(const CPointD &a, const CPointD &b, const CPointD &p) {
+constexpr bool in_box(CPointD a, CPointD b, CPointD p) {
   const auto between = [](double s, double t, double value) {
     return (s < t ? s : t) <= value && value <= (s < t ? t : s);
   };
@@ -85,8 +84,7 @@ constexpr bool in_box(const CPointD &a, const CPointD &b, const CPointD &p) {
 }
 
 /// Where segment ab, ends included, meets the infinite line cd.
-constexpr std::optional<CPointD> segment_crossing(const CPointD &a, const CPointD &b, const CPointD &c,
-                                                  const CPointD &d) {
+constexpr std::optional<CPointD> segment_crossing(CPointD a, CPointD b, CPointD c, CPointD d) {
   const auto crossing = intersection(a, b, c, d);
   return crossing && in_box(a, b, *crossing) ? crossing : std::nullopt;
 }

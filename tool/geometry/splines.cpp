@@ -37,8 +37,7 @@ std::optional<Chord> single_chord(const ControlPoints &points) {
 
 }  // namespace
 
-CPointD spline_point(const CPointD &p0, const CPointD &p1, const CPointD &p2, const CPointD &p3, double t,
-                     SplineBasis basis) {
+CPointD spline_point(CPointD p0, CPointD p1, CPointD p2, CPointD p3, double t, SplineBasis basis) {
   const auto curve = basis == SplineBasis::catmull_rom ? catmull_rom : lagrange;
   return {curve(t, p0.x, p1.x, p2.x, p3.x), curve(t, p0.y, p1.y, p2.y, p3.y)};
 }
@@ -119,7 +118,7 @@ double curve_length(ControlPoints points, SpanRange range, double scale) {
   return total;
 }
 
-std::optional<CPointD> curve_crossing(ControlPoints points, const CPointD &c, const CPointD &d) {
+std::optional<CPointD> curve_crossing(ControlPoints points, CPointD c, CPointD d) {
   if (const auto chord = single_chord(points)) return segment_crossing(chord->from, chord->to, c, d);
   CurveWalk walk(points);
   while (const auto chord = walk.next()) {
@@ -128,7 +127,7 @@ std::optional<CPointD> curve_crossing(ControlPoints points, const CPointD &c, co
   return std::nullopt;
 }
 
-CPointD point_between(const CPointD &a, const CPointD &b, double l0, double l1, double target) {
+CPointD point_between(CPointD a, CPointD b, double l0, double l1, double target) {
   if (l0 == l1) return b;
   return moved(a, b, a, (target - l0) / (l1 - l0));
 }

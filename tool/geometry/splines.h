@@ -17,7 +17,7 @@ enum class SplineBasis {
 };
 
 /// The point at t on the span from p1 (t = 0) to p2 (t = 1), exact at both ends.
-CPointD spline_point(const CPointD &p0, const CPointD &p1, const CPointD &p2, const CPointD &p3, double t,
+CPointD spline_point(CPointD p0, CPointD p1, CPointD p2, CPointD p3, double t,
                      SplineBasis basis = SplineBasis::catmull_rom);
 
 /// A borrowed array of control points in whole pixels or doubles; a negative count is none.
@@ -89,10 +89,10 @@ struct SpanRange {
 double curve_length(ControlPoints points, SpanRange range, double scale);
 
 /// Where the first chord crosses the infinite line cd.
-std::optional<CPointD> curve_crossing(ControlPoints points, const CPointD &c, const CPointD &d);
+std::optional<CPointD> curve_crossing(ControlPoints points, CPointD c, CPointD d);
 
 /// a at length l0, b at length l1, in between (or beyond) in proportion; b when l0 equals l1.
-CPointD point_between(const CPointD &a, const CPointD &b, double l0, double l1, double target);
+CPointD point_between(CPointD a, CPointD b, double l0, double l1, double target);
 
 struct ReachedPoint {
   double length = 0.0;  ///< at the end of the chord where the target was reached, or the whole length

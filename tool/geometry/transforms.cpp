@@ -21,7 +21,7 @@ struct TurnedDirection {
   double sign_y;
 };
 
-TurnedDirection turned_direction(const CPointD &a, const CPointD &b, double angle) {
+TurnedDirection turned_direction(CPointD a, CPointD b, double angle) {
   const double sign_x = a.x <= b.x ? -1.0 : 1.0;
   const double sign_y = a.y <= b.y ? -1.0 : 1.0;
   const bool same_signs = sign_x * sign_y == 1.0;
@@ -34,23 +34,22 @@ TurnedDirection turned_direction(const CPointD &a, const CPointD &b, double angl
 
 }  // namespace
 
-CPointD turned_offset(const CPointD &a, const CPointD &b, const CPointD &c, double len, double angle,
-                      double scale) {
+CPointD turned_offset(CPointD a, CPointD b, CPointD c, double len, double angle, double scale) {
   if (scale == 0.0) return b;
   const TurnedDirection e = turned_direction(a, b, angle);
   return {c.x + e.cosine * len / scale * e.sign_x, c.y - e.sine * len / scale * e.sign_y};
 }
 
-CPointD turned_offset(const CPointD &a, const CPointD &b, double len, double angle, double scale) {
+CPointD turned_offset(CPointD a, CPointD b, double len, double angle, double scale) {
   return turned_offset(a, b, b, len, angle, scale);
 }
 
-CPointD turned_offset_px(const CPointD &a, const CPointD &b, const CPointD &c, double len, double angle) {
+CPointD turned_offset_px(CPointD a, CPointD b, CPointD c, double len, double angle) {
   const TurnedDirection e = turned_direction(a, b, angle);
   return {c.x + e.cosine * len * e.sign_x, c.y - e.sine * len * e.sign_y};
 }
 
-CPointD rotated(const CPointD &centre, const CPointD &p, double angle, double scale) {
+CPointD rotated(CPointD centre, CPointD p, double angle, double scale) {
   if (scale == 0.0) return centre;
   const double turn = angle < 0.0 ? angle + 360.0 : angle;
   if (turn == 0.0) return p;
@@ -58,14 +57,14 @@ CPointD rotated(const CPointD &centre, const CPointD &p, double angle, double sc
   return turned_offset(opposite, centre, length(centre, p, scale), turn, scale);
 }
 
-CPointD rotated_scaled(const CPointD &centre, const CPointD &p, double angle, double factor) {
+CPointD rotated_scaled(CPointD centre, CPointD p, double angle, double factor) {
   const double turn = angle < 0.0 ? angle + 360.0 : angle;
   if (turn == 0.0) return factor == 1.0 ? p : moved(centre, p, centre, std::abs(factor));
   const CPointD opposite = turned_offset(p, centre, 100.0, 0.0, factor);
   return turned_offset_px(opposite, centre, centre, length(centre, p, factor), turn);
 }
 
-CPointD whole_pixel_step(const CPointD &a, const CPointD &b, double r) {
+CPointD whole_pixel_step(CPointD a, CPointD b, double r) {
   const double sign_x = b.x <= a.x ? -1.0 : 1.0;
   const double sign_y = b.y <= a.y ? -1.0 : 1.0;
   if (a.x == b.x) return {a.x, a.y + framework::to_int(r) * sign_y};
@@ -76,7 +75,7 @@ CPointD whole_pixel_step(const CPointD &a, const CPointD &b, double r) {
   return {a.x + framework::to_int(offset_x) * sign_x, a.y + framework::to_int(offset_y) * sign_y};
 }
 
-CPoint near_trace_point(const CPoint &a, const CPoint &b, double len) {
+CPoint near_trace_point(CPoint a, CPoint b, double len) {
   const CPointD start(a);
   const CPointD right(start.x + 100.0, start.y);
   const double angle = angle_at(right, start, CPointD(b));

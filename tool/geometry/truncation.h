@@ -11,7 +11,7 @@
 namespace geometry {
 
 /// Each coordinate toward zero (2.9 becomes 2, -2.9 becomes -2); not-a-number becomes 0.
-constexpr CPoint truncate(const CPointD &p) {
+constexpr CPoint truncate(CPointD p) {
   return {framework::to_int(p.x), framework::to_int(p.y)};
 }
 
