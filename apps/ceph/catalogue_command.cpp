@@ -16,15 +16,6 @@
 namespace app {
 namespace {
 
-struct Options {
-  std::string tracing;
-  InputOptions input;
-  DataOptions data;
-  PatientOptions patient;
-  PrecisionOption precision;
-  OutputOptions output;
-};
-
 Table values_table(const std::vector<FixedValue> &values, std::string title, int precision) {
   Table table;
   table.key = "groups";
@@ -56,8 +47,8 @@ Fact bone_age_fact(const tagCVBA &vertebrae, const PatientContext &context) {
   return {"bone_age", "Bone age", analysis::format_value(years, 1) + " years", years};
 }
 
-int run(const Options &options) {
-  const TracingFile file = options.input.read(options.tracing);
+int run(const TracingOptions &options) {
+  const TracingFile file = options.read();
   const PatientContext context(file, options.patient);
   Report report;
   report.facts = context.facts();
@@ -73,7 +64,7 @@ int run(const Options &options) {
   } else {
     throw CommandError(
         ExitCode::usage,
-        options.tracing + ": is a cast; TRACING; a lateral or frontal film (for casts: ceph model)");
+        options.path + ": is a cast; TRACING; a lateral or frontal film (for casts: ceph model)");
   }
   if (file.vertebrae) {
     use_data_folder(options.data.folder);
@@ -88,13 +79,9 @@ int run(const Options &options) {
 void add_catalogue_command(CLI::App &program, int &exit_code) {
   CLI::App *command = program.add_subcommand(
       "catalogue", "The 148 fixed lateral or 18 frontal measurements, and the bone age");
-  const auto options = std::make_shared<Options>();
-  command->add_option("TRACING", options->tracing, "JSON or CSV tracing; - reads standard input")->required();
-  options->input.add_to(*command);
-  options->data.add_to(*command);
-  options->patient.add_to(*command);
-  options->precision.add_to(*command);
-  options->output.add_to(*command);
+  const auto options = std::make_shared<TracingOptions>();
+  command->add_option("TRACING", options->path, "JSON or CSV tracing; - reads standard input")->required();
+  options->add_rest_to(*command);
   command->callback([options, &exit_code] { exit_code = run(*options); });
 }
 

@@ -11,21 +11,13 @@
 namespace app {
 namespace {
 
-struct Options {
-  std::string tracing, analysis = "all";
-  InputOptions input;
-  DataOptions data;
-  PatientOptions patient;
-  OutputOptions output;
-};
-
-int run(const Options &options) {
-  const TracingFile file = options.input.read(options.tracing);
+int run(const TracingOptions &options) {
+  const TracingFile file = options.read();
   if (!file.lateral())
-    throw CommandError(ExitCode::bad_input,
-                       options.tracing + ": is not a lateral film; at /kind; \"lateral\"");
+    throw CommandError(ExitCode::bad_input, options.path + ": is not a lateral film; at /kind; \"lateral\"");
   use_data_folder(options.data.folder);
-  const auto files = load_analyses(analysis::Mode::lateral_diagnosis, options.analysis);
+  const auto files =
+      load_analyses(analysis::Mode::lateral_diagnosis, options.analysis.empty() ? "all" : options.analysis);
   const PatientContext context(file, options.patient);
   const Diagnosis diagnosis = diagnose(files, file, context);
   Report report;
@@ -44,14 +36,10 @@ int run(const Options &options) {
 
 void add_diagnose_command(CLI::App &program, int &exit_code) {
   CLI::App *command = program.add_subcommand("diagnose", "Diagnosis sentences of a lateral film");
-  const auto options = std::make_shared<Options>();
-  command->add_option("TRACING", options->tracing, "JSON or CSV tracing; - reads standard input")->required();
-  command->add_option("--analysis", options->analysis, "Index or title of a diagnosis file (default: all)")
-      ->type_name("N");
-  options->input.add_to(*command);
-  options->data.add_to(*command);
-  options->patient.add_to(*command);
-  options->output.add_to(*command);
+  const auto options = std::make_shared<TracingOptions>();
+  command->add_option("TRACING", options->path, "JSON or CSV tracing; - reads standard input")->required();
+  options->add_analysis_to(*command, "Index or title of a diagnosis file (default: all)");
+  options->add_rest_to(*command);
   command->callback([options, &exit_code] { exit_code = run(*options); });
 }
 

@@ -18,13 +18,8 @@
 namespace app {
 namespace {
 
-struct Options {
-  std::string formula, tracing, analysis;
-  InputOptions input;
-  DataOptions data;
-  PatientOptions patient;
-  PrecisionOption precision;
-  OutputOptions output;
+struct Options : TracingOptions {
+  std::string formula;
 };
 
 /// Nine digits: what lies behind them is noise of the ten-digit pi.
@@ -117,7 +112,7 @@ Table value_table(const std::string &formula, const Context &context) {
 }
 
 int run(const Options &options) {
-  TracingFile file = options.input.read(options.tracing);
+  TracingFile file = options.read();
   std::vector<LoadedAnalysis> analyses;
   if (!options.analysis.empty()) {
     use_data_folder(options.data.folder);
@@ -147,16 +142,11 @@ void add_eval_command(CLI::App &program, int &exit_code) {
   const auto options = std::make_shared<Options>();
   command->add_option("FORMULA", options->formula, "Formula of the definition language, or a point like [Xi]")
       ->required();
-  command->add_option("--on", options->tracing, "JSON or CSV tracing; - reads standard input")
+  command->add_option("--on", options->path, "JSON or CSV tracing; - reads standard input")
       ->type_name("TRACING")
       ->required();
-  command->add_option("--analysis", options->analysis, "Analysis that case, sdu, mean and sdv look into")
-      ->type_name("N");
-  options->input.add_to(*command);
-  options->data.add_to(*command);
-  options->patient.add_to(*command);
-  options->precision.add_to(*command);
-  options->output.add_to(*command);
+  options->add_analysis_to(*command, "Analysis that case, sdu, mean and sdv look into");
+  options->add_rest_to(*command);
   command->callback([options, &exit_code] { exit_code = run(*options); });
 }
 

@@ -13,13 +13,8 @@
 namespace app {
 namespace {
 
-struct Options {
-  std::string tracing, item, analysis = "all";
-  InputOptions input;
-  DataOptions data;
-  PatientOptions patient;
-  PrecisionOption precision;
-  OutputOptions output;
+struct Options : TracingOptions {
+  std::string item;
 };
 
 [[noreturn]] void not_found(const std::string &item, std::span<const LoadedAnalysis> analyses) {
@@ -42,9 +37,9 @@ const LoadedAnalysis &find_holder(std::span<const LoadedAnalysis> analyses, cons
 }
 
 int run(const Options &options) {
-  const TracingFile file = options.input.read(options.tracing);
+  const TracingFile file = options.read();
   use_data_folder(options.data.folder);
-  const auto analyses = load_analyses(file.mode(), options.analysis);
+  const auto analyses = load_analyses(file.mode(), options.analysis.empty() ? "all" : options.analysis);
   const LoadedAnalysis &holder = find_holder(analyses, options.item);
   const PatientContext context(file, options.patient);
   const analysis::DefinitionFile &definition = holder.analysis.file();
@@ -67,17 +62,13 @@ int run(const Options &options) {
 void add_item_command(CLI::App &program, int &exit_code) {
   CLI::App *command = program.add_subcommand("item", "One measurement by its text");
   const auto options = std::make_shared<Options>();
-  command->add_option("TRACING", options->tracing, "JSON or CSV tracing; - reads standard input")->required();
+  command->add_option("TRACING", options->path, "JSON or CSV tracing; - reads standard input")->required();
   command->add_option("ITEM", options->item, "Item text as the table shows it")->required();
   command
       ->add_option("--analysis", options->analysis,
                    "Index or title of an analysis (default: the first that has it)")
       ->type_name("N");
-  options->input.add_to(*command);
-  options->data.add_to(*command);
-  options->patient.add_to(*command);
-  options->precision.add_to(*command);
-  options->output.add_to(*command);
+  options->add_rest_to(*command);
   command->callback([options, &exit_code] { exit_code = run(*options); });
 }
 

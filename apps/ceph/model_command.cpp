@@ -13,15 +13,6 @@
 namespace app {
 namespace {
 
-struct Options {
-  std::string tracing, analysis;
-  InputOptions input;
-  DataOptions data;
-  PatientOptions patient;
-  PrecisionOption precision;
-  OutputOptions output;
-};
-
 constexpr std::array<std::string_view, 28> item_names{"Upper central incisor",
                                                       "Upper lateral incisor",
                                                       "Upper canine",
@@ -100,11 +91,10 @@ Table items_table(const tagPOINTMO &record, int sex, int precision) {
   return table;
 }
 
-int run(const Options &options) {
-  const TracingFile file = options.input.read(options.tracing);
+int run(const TracingOptions &options) {
+  const TracingFile file = options.read();
   const tagPOINTMO *record = file.model();
-  if (!record)
-    throw CommandError(ExitCode::bad_input, options.tracing + ": is not a cast; at /kind; \"cast\"");
+  if (!record) throw CommandError(ExitCode::bad_input, options.path + ": is not a cast; at /kind; \"cast\"");
   use_data_folder(options.data.folder);
   const auto analyses = load_analyses(analysis::Mode::model, options.analysis);
   const PatientContext context(file, options.patient);
@@ -123,17 +113,13 @@ int run(const Options &options) {
 
 void add_model_command(CLI::App &program, int &exit_code) {
   CLI::App *command = program.add_subcommand("model", "The 28 measurements of a cast, and its analysis");
-  const auto options = std::make_shared<Options>();
-  command->add_option("CAST", options->tracing, "JSON tracing of a cast; - reads standard input")->required();
+  const auto options = std::make_shared<TracingOptions>();
+  command->add_option("CAST", options->path, "JSON tracing of a cast; - reads standard input")->required();
   command
       ->add_option("--analysis", options->analysis,
                    "Index or title of an analysis, or all (default: the first)")
       ->type_name("N");
-  options->input.add_to(*command);
-  options->data.add_to(*command);
-  options->patient.add_to(*command);
-  options->precision.add_to(*command);
-  options->output.add_to(*command);
+  options->add_rest_to(*command);
   command->callback([options, &exit_code] { exit_code = run(*options); });
 }
 

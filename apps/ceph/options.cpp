@@ -88,4 +88,16 @@ void OutputOptions::add_to(CLI::App &command) {
       ->type_name("FILE");
 }
 
+void TracingOptions::add_analysis_to(CLI::App &command, const char *help) {
+  command.add_option("--analysis", analysis, help)->type_name("N");
+}
+
+void TracingOptions::add_rest_to(CLI::App &command) {
+  input.add_to(command);
+  data.add_to(command);
+  patient.add_to(command);
+  precision.add_to(command);
+  output.add_to(command);
+}
+
 }  // namespace app

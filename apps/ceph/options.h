@@ -53,4 +53,19 @@ struct OutputOptions {
   void add_to(CLI::App &command);
 };
 
+/// What every command about one tracing takes.
+struct TracingOptions {
+  std::string path;      ///< "-": standard input
+  std::string analysis;  ///< index, title or "all"; empty: the command's default
+  InputOptions input;
+  DataOptions data;
+  PatientOptions patient;
+  PrecisionOption precision;
+  OutputOptions output;
+  TracingFile read() const { return input.read(path); }
+  void add_analysis_to(CLI::App &command, const char *help);
+  /// All but the path and the analysis.
+  void add_rest_to(CLI::App &command);
+};
+
 }  // namespace app

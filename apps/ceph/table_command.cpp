@@ -13,15 +13,6 @@
 namespace app {
 namespace {
 
-struct Options {
-  std::string tracing, analysis;
-  InputOptions input;
-  DataOptions data;
-  PatientOptions patient;
-  PrecisionOption precision;
-  OutputOptions output;
-};
-
 void add_diagnosis(Report &report, const TracingFile &file, const PatientContext &context) {
   if (file.kind() != analysis::RecordKind::lateral) return;
   if (analysis::definition_paths(analysis::Mode::lateral_diagnosis).empty()) return;
@@ -33,8 +24,8 @@ void add_diagnosis(Report &report, const TracingFile &file, const PatientContext
     report.notes.push_back("the diagnosis is incomplete: " + joined(diagnosis.left_out));
 }
 
-int run(const Options &options) {
-  const TracingFile file = options.input.read(options.tracing);
+int run(const TracingOptions &options) {
+  const TracingFile file = options.read();
   use_data_folder(options.data.folder);
   const auto analyses = load_analyses(file.mode(), options.analysis);
   const PatientContext context(file, options.patient);
@@ -56,17 +47,13 @@ int run(const Options &options) {
 void add_table_command(CLI::App &program, int &exit_code) {
   CLI::App *command =
       program.add_subcommand("table", "Result table of a tracing, with growth stage and diagnosis");
-  const auto options = std::make_shared<Options>();
-  command->add_option("TRACING", options->tracing, "JSON or CSV tracing; - reads standard input")->required();
+  const auto options = std::make_shared<TracingOptions>();
+  command->add_option("TRACING", options->path, "JSON or CSV tracing; - reads standard input")->required();
   command
       ->add_option("--analysis", options->analysis,
                    "Index or title of an analysis, or all (default: the first)")
       ->type_name("N");
-  options->input.add_to(*command);
-  options->data.add_to(*command);
-  options->patient.add_to(*command);
-  options->precision.add_to(*command);
-  options->output.add_to(*command);
+  options->add_rest_to(*command);
   command->callback([options, &exit_code] { exit_code = run(*options); });
 }
 
