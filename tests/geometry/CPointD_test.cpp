@@ -41,7 +41,8 @@ TEST(CPointD, CompoundOperatorsSurviveTheirOwnMembersAsOperands) {
   EXPECT_TRUE(point == CPointD(1.0, 3.0));
   point.SetPoint(point.y, point.x);
   EXPECT_TRUE(point == CPointD(3.0, 1.0));
-  point -= point;
+  const CPointD &same = point;
+  point -= same;
   EXPECT_EQ(point.IsPointNull(), 1);
 }
 

@@ -13,8 +13,7 @@ class SideBuilder {
  public:
   SideBuilder(const Analysis &analysis, const Tracing &tracing, const Patient &patient, int precision,
               Explain explain)
-      : analysis_(analysis),
-        precision_(precision),
+      : precision_(precision),
         evaluator_(tracing, patient, &analysis,
                    explain == Explain::yes ? Evaluator::Reasons::collect : Evaluator::Reasons::ignore) {}
 
@@ -47,7 +46,6 @@ class SideBuilder {
     return deviation_mark((value - mean) / sd);
   }
 
-  const Analysis &analysis_;
   int precision_;
   Evaluator evaluator_;
 };
