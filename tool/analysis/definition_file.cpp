@@ -84,6 +84,17 @@ std::string_view cut_to(std::string_view text, std::size_t bytes) {
   return text.substr(0, end);
 }
 
+/// The number behind the first ':'. Further ':' do not count as characters, the end of the line ends it.
+int suffix_number(std::string_view text, bool is_only_suffix) {
+  if (is_only_suffix) return framework::whole_number(text);
+  std::string digits;
+  for (const char c : text) {
+    if (c == '\r' || c == '\n' || c == '\0') break;
+    if (c != ':') digits += c;
+  }
+  return framework::whole_number(digits);
+}
+
 }  // namespace
 
 LineClass classify_line(std::string_view line) {
@@ -119,13 +130,9 @@ std::string_view list_field(std::string_view list, int index) {
 KindSuffix split_kind_suffix(std::string_view formula) {
   const std::size_t first = formula.find(':');
   if (first == std::string_view::npos) return {0, 1, formula};
-  std::string digits;
-  for (const char c : formula.substr(first + 1)) {
-    if (c == '\r' || c == '\n' || c == '\0') break;
-    if (c != ':') digits += c;
-  }
-  const int number = std::max(framework::whole_number(digits), 0);
-  const std::string_view rest = formula.substr(0, formula.rfind(':'));
+  const std::size_t last = formula.rfind(':');
+  const int number = std::max(suffix_number(formula.substr(first + 1), first == last), 0);
+  const std::string_view rest = formula.substr(0, last);
   if (number <= 2) return {number % 3, 1, rest};
   if (number <= 9) return {number % 3, 0, rest};
   if (number <= 12) return {(number - 10) % 3, 3, rest};

@@ -1,6 +1,7 @@
 #include "tool/analysis/formula_compiler.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "tool/analysis/landmarks.h"
@@ -32,6 +33,18 @@ constexpr TermSpelling terms[] = {
 
 const TermSpelling &spelling(Term term) {
   return terms[static_cast<std::size_t>(term)];
+}
+
+/// Whether a term, a name or a double-byte character may begin here: most characters are passed over with one
+/// look.
+constexpr std::array<bool, 256> first_characters = [] {
+  std::array<bool, 256> looks{};
+  for (const char c : {'"', '[', 'M', 'l', 'a', 'c', 's', 'm'}) looks[static_cast<unsigned char>(c)] = true;
+  for (std::size_t byte = 0x81; byte < looks.size(); ++byte) looks[byte] = true;
+  return looks;
+}();
+constexpr bool deserves_a_look(char c) {
+  return first_characters[static_cast<unsigned char>(c)];
 }
 
 /// The term whose keyword stands at `at`, the longest where several do.
@@ -135,17 +148,16 @@ Operand lone_operand(std::string_view text) {
 }
 
 /// The expression without its runs of blanks: every reader of it passes over blanks.
-std::string without_blank_runs(std::string_view text) {
-  std::string result;
-  result.reserve(text.size());
+void copy_without_blank_runs(std::string_view text, std::string &result) {
+  result.resize(text.size());
+  char *end = result.data();
+  char last = ' ';
   for (const char c : text) {
-    if (!framework::is_space(c)) {
-      result += c;
-    } else if (!result.empty() && result.back() != ' ') {
-      result += ' ';
-    }
+    const char written = framework::is_space(c) ? ' ' : c;
+    if (written != ' ' || last != ' ') *end++ = written;
+    last = written;
   }
-  return result;
+  result.resize(static_cast<std::size_t>(end - result.data()));
 }
 
 /// In which pass the operator is computed: 1 products, 2 sums, 3 comparisons; 0 for any other character.
@@ -210,8 +222,8 @@ Formula FormulaCompiler::compile(std::string_view text, Extent extent, std::size
   }
   substitute_terms(end);
   if (diagnose_) look_for_faults(end);
-  std::string expression = without_blank_runs(std::string_view(work_).substr(0, end));
-  const Operand lone = reduce(expression, 0);
+  copy_without_blank_runs(std::string_view(work_).substr(0, end), expression_);
+  const Operand lone = reduce(expression_, 0);
   blank(0, end + 1);
   return finish(group, lone);
 }
@@ -261,6 +273,10 @@ void FormulaCompiler::find_candidates(std::size_t end) {
   candidates_.clear();
   const std::string_view text = work_;
   for (std::size_t at = 0; at < end;) {
+    if (!deserves_a_look(text[at])) {
+      ++at;
+      continue;
+    }
     if (is_opening(text[at])) {
       at = behind_enclosed(text, at);
       continue;
@@ -277,9 +293,10 @@ void FormulaCompiler::find_candidates(std::size_t end) {
 void FormulaCompiler::substitute_terms(std::size_t end) {
   find_candidates(end);
   // Keyword by keyword in the order of the terms, from left to right within one: that numbers the variables.
-  std::sort(candidates_.begin(), candidates_.end(), [](const Candidate &a, const Candidate &b) {
-    return std::pair(a.term, a.position) < std::pair(b.term, b.position);
-  });
+  if (candidates_.size() > 1)
+    std::sort(candidates_.begin(), candidates_.end(), [](const Candidate &a, const Candidate &b) {
+      return std::pair(a.term, a.position) < std::pair(b.term, b.position);
+    });
   for (const Candidate &candidate : candidates_) {
     const std::string_view keyword = spelling(candidate.term).keyword;
     if (full()) return;
@@ -387,7 +404,7 @@ std::optional<FormulaCompiler::Point> FormulaCompiler::compile_point(std::string
   const std::optional<PointStart> start = find_point(text, from);
   if (!start) return std::nullopt;
   if (start->keyword != PointKeyword::name) return compile_construction(text, *start, depth);
-  const std::size_t close = find_character(text, ']', start->arguments);
+  const std::size_t close = start->close;
   PointNode node;
   node.kind = PointNode::Kind::named;
   // Names come from the source text: the working copy changes, and a name is never blank in it before this
@@ -437,8 +454,16 @@ FormulaCompiler::Point FormulaCompiler::compile_construction(std::string_view te
 /// Reduces the expression to its value: a variable when anything was computed, else what stands there alone.
 Operand FormulaCompiler::reduce(std::string &expression, int depth) {
   const std::size_t before = used();
-  for (const int pass : {1, 2, 3}) reduce_operators(expression, pass, depth);
-  reduce_choice(expression);
+  unsigned passes = 0;
+  bool may_choose = false;
+  for (const char c : expression) {
+    passes |= 1U << operator_pass(c);
+    may_choose |= c == 's';
+  }
+  for (const int pass : {1, 2, 3}) {
+    if ((passes >> pass & 1U) != 0) reduce_operators(expression, pass, depth);
+  }
+  if (may_choose) reduce_choice(expression);
   if (used() > before) return variable(static_cast<std::int16_t>(used() - 1));
   return lone_operand(expression);
 }

@@ -107,6 +107,7 @@ class FormulaCompiler {
 
   std::string_view source_;
   std::string work_;
+  std::string expression_;
   std::vector<Candidate> candidates_;
   std::size_t base_ = 0;
   std::size_t first_ = 0;

@@ -1,7 +1,5 @@
 #include "tool/analysis/formula_scanner.h"
 
-#include "tool/framework/text/cp932.h"
-
 namespace analysis {
 namespace {
 
@@ -24,28 +22,18 @@ constexpr bool may_start_construction(char c) {
 
 }  // namespace
 
-std::size_t find_character(std::string_view text, char wanted, std::size_t from) {
-  // Only a byte behind a possible lead byte may be half of a character; then the text is walked from the
-  // start.
-  const std::size_t found = text.find(wanted, from);
-  if (found == npos || found == from || !framework::is_lead_byte(text[found - 1])) return found;
-  for (std::size_t at = from; at < text.size(); at = framework::next_character(text, at)) {
-    if (text[at] == wanted) return at;
-  }
-  return npos;
-}
-
 std::optional<PointStart> find_point(std::string_view text, std::size_t from) {
   for (std::size_t at = from; at < text.size(); at = framework::next_character(text, at)) {
     const char c = text[at];
     if (c == '[') {
-      if (find_character(text, ']', at) != npos) return PointStart{PointKeyword::name, at, at + 1};
+      const std::size_t close = find_character(text, ']', at + 1);
+      if (close != npos) return PointStart{PointKeyword::name, at, at + 1, close};
       continue;
     }
     if (!may_start_construction(c)) continue;
     for (const Spelling &spelling : constructions) {
       if (stands_at(text, at, spelling.text)) {
-        return PointStart{spelling.keyword, at, at + spelling.text.size()};
+        return PointStart{spelling.keyword, at, at + spelling.text.size(), npos};
       }
     }
   }
@@ -63,11 +51,6 @@ std::size_t find_word(std::string_view text, std::string_view word, std::size_t 
     at = framework::next_character(text, at);
   }
   return npos;
-}
-
-std::size_t behind_enclosed(std::string_view text, std::size_t open) {
-  const std::size_t close = find_character(text, text[open] == '"' ? '"' : ']', open + 1);
-  return close == npos ? open + 1 : close + 1;
 }
 
 }  // namespace analysis

@@ -40,10 +40,11 @@ class NameIndex {
   static std::size_t hash(std::string_view name) {
     std::uint64_t head = 0;
     std::uint64_t tail = 0;
-    const std::size_t bytes = name.size() < sizeof head ? name.size() : sizeof head;
-    if (bytes > 0) {
-      std::memcpy(&head, name.data(), bytes);
-      std::memcpy(&tail, name.data() + name.size() - bytes, bytes);
+    if (name.size() >= sizeof head) {
+      std::memcpy(&head, name.data(), sizeof head);
+      std::memcpy(&tail, name.data() + name.size() - sizeof tail, sizeof tail);
+    } else {
+      for (const char c : name) head = head << 8 | static_cast<unsigned char>(c);
     }
     const std::uint64_t mixed = (head ^ (tail * 0x9E3779B97F4A7C15u) ^ name.size()) * 0xD6E8FEB86659FD93u;
     return static_cast<std::size_t>(mixed ^ (mixed >> 32));

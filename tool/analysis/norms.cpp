@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tool/env/text.h"
 #include "tool/framework/text/ascii.h"
 #include "tool/framework/text/decimal.h"
 
@@ -57,6 +58,9 @@ std::string scale_norm_length(std::string_view text, double magnification) {
     const auto first = text.begin() + static_cast<std::ptrdiff_t>(point) + 1;
     decimals = static_cast<std::size_t>(std::find_if_not(first, text.end(), framework::is_digit) - first);
   }
+  // At the norms' own magnification a plainly written number comes out as it is.
+  if (decimals > 0 && magnification == norm_magnification && env::is_plainly_printed(text))
+    return std::string(text);
   decimals = std::max<std::size_t>(decimals, 1);
   const double scaled = framework::decimal_value(text) * (magnification / norm_magnification);
   std::string written = framework::fixed(scaled, 6);

@@ -52,26 +52,36 @@ class RowBuilder {
         evaluator_(tracing, patient, &analysis,
                    explain == Explain::yes ? Evaluator::Reasons::collect : Evaluator::Reasons::ignore) {}
 
-  /// Empty for a cast prediction that cannot be formed: it gets no row.
-  std::optional<TableRow> row(std::size_t index) {
+  /// The row of an item, valid until the next one is built; null for a cast prediction that cannot be formed:
+  /// it gets no row.
+  TableRow *row(std::size_t index) {
     const Item &item = analysis_.items()[index];
-    TableRow row;
-    row.item = item.text;
-    row.heading = item.heading;
-    if (item.heading) return row;
+    clear();
+    row_.item = item.text;
+    row_.heading = item.heading;
+    if (item.heading) return &row_;
     if (item.formula.substr(0, tooth_row_keyword.size()) == tooth_row_keyword) {
-      fill_tooth_row(index, row);
-      return row;
+      fill_tooth_row(index, row_);
+      return &row_;
     }
     const ItemOutcome outcome = evaluator_.item(index);
-    if (explain_ == Explain::yes) row.reason = evaluator_.take_reason();
-    if (outcome.kind == ItemOutcome::Kind::unformed) return std::nullopt;
-    fill_norms(index, item.kind, row);
-    fill_outcome(item, outcome, row);
-    return row;
+    if (explain_ == Explain::yes) row_.reason = evaluator_.take_reason();
+    if (outcome.kind == ItemOutcome::Kind::unformed) return nullptr;
+    fill_norms(index, item.kind, row_);
+    fill_outcome(item, outcome, row_);
+    return &row_;
   }
 
  private:
+  /// Texts keep their memory from row to row.
+  void clear() {
+    for (std::string *text : {&row_.item, &row_.mean, &row_.sd, &row_.value, &row_.second_value})
+      text->clear();
+    row_.number = row_.mean_number = row_.sd_number = std::nullopt;
+    row_.display_flag.reset();
+    row_.reason.reset();
+  }
+
   void fill_outcome(const Item &item, const ItemOutcome &outcome, TableRow &row) const {
     switch (outcome.kind) {
       case ItemOutcome::Kind::text:
@@ -124,6 +134,7 @@ class RowBuilder {
   int precision_;
   Explain explain_;
   Evaluator evaluator_;
+  TableRow row_;
 };
 
 }  // namespace
@@ -142,7 +153,7 @@ void visit_result_rows(const Analysis &analysis, const Tracing &tracing, const P
   RowBuilder builder(analysis, tracing, patient, precision, explain);
   for (std::size_t i = 0; i < analysis.items().size(); ++i) {
     if (!analysis.items()[i].listed) continue;
-    if (std::optional<TableRow> row = builder.row(i)) visit(*row);
+    if (TableRow *row = builder.row(i)) visit(*row);
   }
 }
 
@@ -150,7 +161,10 @@ std::optional<TableRow> result_row(const Analysis &analysis, std::string_view it
                                    const Patient &patient, int precision) {
   const std::optional<std::size_t> index = analysis.find_item(item);
   if (!index) return std::nullopt;
-  return RowBuilder(analysis, tracing, patient, precision, Explain::yes).row(*index);
+  RowBuilder builder(analysis, tracing, patient, precision, Explain::yes);
+  TableRow *row = builder.row(*index);
+  if (!row) return std::nullopt;
+  return std::move(*row);
 }
 
 std::string_view deviation_mark(double sd_units) {

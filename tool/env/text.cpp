@@ -68,23 +68,18 @@ TextLine read_line(std::string_view text, std::size_t most) {
   return {window.substr(0, length), length + (at_return ? 2 : 1)};
 }
 
-namespace {
-
-/// A text that is sure to begin its own printed value: no needless zeros in front, at most six decimals.
 bool is_plainly_printed(std::string_view text) {
   constexpr std::size_t most_digits = 9;
   constexpr std::size_t printed_decimals = 6;
   if (!text.empty() && text.front() == '-') text.remove_prefix(1);
-  const std::size_t whole =
-      static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), framework::is_digit) - text.begin());
+  const std::size_t whole = static_cast<std::size_t>(
+      std::find_if_not(text.begin(), text.end(), framework::is_digit) - text.begin());
   if (whole == 0 || whole > most_digits || (text.front() == '0' && whole > 1)) return false;
   if (whole == text.size()) return true;
   const std::string_view decimals = text.substr(whole + 1);
   return text[whole] == '.' && decimals.size() <= printed_decimals &&
          std::all_of(decimals.begin(), decimals.end(), framework::is_digit);
 }
-
-}  // namespace
 
 bool is_number(std::string_view text) {
   while (!text.empty() && framework::is_space(text.back())) text.remove_suffix(1);

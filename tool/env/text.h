@@ -41,6 +41,9 @@ TextLine read_line(std::string_view text, std::size_t most);
 /// "1.5", "007" and
 /// "." are numbers, "12a" and "1e5" are not.
 bool is_number(std::string_view text);
+/// Whether a text is sure to begin the print of its own value with six decimals: an optional minus sign, at
+/// most nine digits without needless zeros in front, at most six decimals.
+bool is_plainly_printed(std::string_view text);
 
 /// A number as text with zeros cut off its end as long as it keeps at least `digits` decimals; at most six
 /// decimals, rounded. The point stays even without decimals: 2.0 with 0 digits is "2.". Not-a-number and
