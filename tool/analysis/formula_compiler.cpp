@@ -14,62 +14,44 @@ namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
 
-struct TermSpelling {
-  std::string_view keyword;
+/// What a measurement term needs.
+struct Measurement {
   Operation operation;
   std::uint8_t points;
   bool has_digit;
 };
 
-/// Indexed by Term.
-constexpr TermSpelling terms[] = {
-    {"Model", Operation::model_item, 0, false},    {"lenR", Operation::distance_x, 2, false},
-    {"lenD", Operation::distance_y, 2, false},     {"len", Operation::distance, 2, false},
-    {"angle1", Operation::vertex_angle, 3, false}, {"angle3", Operation::vertex_angle, 3, true},
-    {"angle2", Operation::line_angle, 4, false},   {"angle4", Operation::line_angle, 4, true},
-    {"case", Operation::item_value, 0, false},     {"sdu", Operation::item_sd_units, 0, false},
-    {"mean", Operation::item_mean, 0, false},      {"sdv", Operation::item_sd, 0, false},
-};
-
-const TermSpelling &spelling(Term term) {
-  return terms[static_cast<std::size_t>(term)];
-}
-
-/// Whether a term, a name or a double-byte character may begin here: most characters are passed over with one
-/// look.
-constexpr std::array<bool, 256> first_characters = [] {
-  std::array<bool, 256> looks{};
-  for (const char c : {'"', '[', 'M', 'l', 'a', 'c', 's', 'm'}) looks[static_cast<unsigned char>(c)] = true;
-  for (std::size_t byte = 0x81; byte < looks.size(); ++byte) looks[byte] = true;
-  return looks;
-}();
-constexpr bool deserves_a_look(char c) {
-  return first_characters[static_cast<unsigned char>(c)];
-}
-
-/// The term whose keyword stands at `at`, the longest where several do.
-std::optional<Term> term_at(std::string_view text, std::size_t at) {
-  const auto first_of = [&](std::initializer_list<Term> choices) -> std::optional<Term> {
-    for (const Term term : choices) {
-      if (stands_at(text, at, spelling(term).keyword)) return term;
-    }
-    return std::nullopt;
-  };
-  switch (text[at]) {
-    case 'M':
-      return first_of({Term::model});
-    case 'l':
-      return first_of({Term::len_r, Term::len_d, Term::len});
-    case 'a':
-      return first_of({Term::angle1, Term::angle3, Term::angle2, Term::angle4});
-    case 'c':
-      return first_of({Term::item_value});
-    case 's':
-      return first_of({Term::item_sd_units, Term::item_sd});
-    case 'm':
-      return first_of({Term::item_mean});
+Measurement measurement(Term term) {
+  switch (term) {
+    case Term::len_r:
+      return {Operation::distance_x, 2, false};
+    case Term::len_d:
+      return {Operation::distance_y, 2, false};
+    case Term::len:
+      return {Operation::distance, 2, false};
+    case Term::angle1:
+      return {Operation::vertex_angle, 3, false};
+    case Term::angle3:
+      return {Operation::vertex_angle, 3, true};
+    case Term::angle2:
+      return {Operation::line_angle, 4, false};
+    case Term::angle4:
+      return {Operation::line_angle, 4, true};
     default:
-      return std::nullopt;
+      return {Operation::nothing, 0, false};
+  }
+}
+
+Operation reference_operation(Term term) {
+  switch (term) {
+    case Term::item_sd_units:
+      return Operation::item_sd_units;
+    case Term::item_mean:
+      return Operation::item_mean;
+    case Term::item_sd:
+      return Operation::item_sd;
+    default:
+      return Operation::item_value;
   }
 }
 
@@ -86,34 +68,34 @@ constexpr ModelToken model_tokens[] = {
     {"([ATR])", 20},  {"([TTR])", 21},  {"([PLTU])", 22}, {"([PLTL])", 23},
 };
 
-int argument_count(PointKeyword keyword) {
-  switch (keyword) {
-    case PointKeyword::midpoint:
-    case PointKeyword::extension:
+int argument_count(PointForm form) {
+  switch (form) {
+    case PointForm::midpoint:
+    case PointForm::extension:
       return 2;
-    case PointKeyword::foot:
-    case PointKeyword::bisector:
+    case PointForm::foot:
+    case PointForm::bisector:
       return 3;
-    case PointKeyword::crossing:
+    case PointForm::crossing:
       return 4;
     default:
       return 0;
   }
 }
 
-PointNode::Kind node_kind(PointKeyword keyword) {
-  switch (keyword) {
-    case PointKeyword::midpoint:
+PointNode::Kind node_kind(PointForm form) {
+  switch (form) {
+    case PointForm::midpoint:
       return PointNode::Kind::midpoint;
-    case PointKeyword::foot:
+    case PointForm::foot:
       return PointNode::Kind::foot;
-    case PointKeyword::crossing:
+    case PointForm::crossing:
       return PointNode::Kind::crossing;
-    case PointKeyword::bisector:
+    case PointForm::bisector:
       return PointNode::Kind::bisector;
-    case PointKeyword::extension:
+    case PointForm::extension:
       return PointNode::Kind::extension;
-    case PointKeyword::effective_a:
+    case PointForm::effective_a:
       return PointNode::Kind::effective_a;
     default:
       return PointNode::Kind::named;
@@ -230,6 +212,7 @@ Formula FormulaCompiler::compile(std::string_view text, Extent extent, std::size
 
 Formula FormulaCompiler::compile_term(Term term, std::string_view text) {
   start(text, 0);
+  find_tokens(work_, tokens_);
   append_term(term, 0);
   return finish(false, {});
 }
@@ -241,6 +224,7 @@ void FormulaCompiler::start(std::string_view text, std::size_t base) {
   first_ = program_.instructions.size();
   malformed_at_ = -1;
   reads_ahead_ = false;
+  next_token_ = 0;
 }
 
 Formula FormulaCompiler::finish(bool group, Operand lone) const {
@@ -269,50 +253,38 @@ void FormulaCompiler::blank(std::size_t begin, std::size_t end) {
 // Terms
 // ---------------------------------------------------------------------------------------------------------
 
-void FormulaCompiler::find_candidates(std::size_t end) {
-  candidates_.clear();
-  const std::string_view text = work_;
-  for (std::size_t at = 0; at < end;) {
-    if (!deserves_a_look(text[at])) {
-      ++at;
-      continue;
-    }
-    if (is_opening(text[at])) {
-      at = behind_enclosed(text, at);
-      continue;
-    }
-    if (const std::optional<Term> term = term_at(text, at)) {
-      candidates_.push_back({at, *term});
-      at += spelling(*term).keyword.size();
-      continue;
-    }
-    at = framework::next_character(text, at);
+void FormulaCompiler::substitute_terms(std::size_t end) {
+  find_tokens(work_, tokens_);
+  terms_.clear();
+  for (std::uint32_t i = 0; i < tokens_.size() && tokens_[i].begin < end; ++i) {
+    if (tokens_[i].kind == Token::Kind::term) terms_.push_back(i);
+  }
+  // Keyword by keyword in the order of the terms, from left to right within one: that numbers the variables.
+  if (terms_.size() > 1) {
+    std::sort(terms_.begin(), terms_.end(), [&](std::uint32_t a, std::uint32_t b) {
+      return std::pair(tokens_[a].term, a) < std::pair(tokens_[b].term, b);
+    });
+  }
+  for (const std::uint32_t term : terms_) {
+    if (full()) return;
+    // An earlier term may have swallowed this one while it looked for its points.
+    if (tokens_[term].kind == Token::Kind::consumed) continue;
+    next_token_ = term + 1;
+    substitute(tokens_[term]);
   }
 }
 
-void FormulaCompiler::substitute_terms(std::size_t end) {
-  find_candidates(end);
-  // Keyword by keyword in the order of the terms, from left to right within one: that numbers the variables.
-  if (candidates_.size() > 1)
-    std::sort(candidates_.begin(), candidates_.end(), [](const Candidate &a, const Candidate &b) {
-      return std::pair(a.term, a.position) < std::pair(b.term, b.position);
-    });
-  for (const Candidate &candidate : candidates_) {
-    const std::string_view keyword = spelling(candidate.term).keyword;
-    if (full()) return;
-    // An earlier term may have swallowed this one while it looked for its points.
-    if (!stands_at(work_, candidate.position, keyword)) continue;
-    append_term(candidate.term, candidate.position + keyword.size());
-    work_.replace(candidate.position, 3, variable_name(used()));
-    blank(candidate.position + 3, candidate.position + keyword.size());
-  }
+void FormulaCompiler::substitute(const Token &term) {
+  append_term(term.term, term.behind);
+  const std::string name = variable_name(used());
+  std::copy(name.begin(), name.end(), work_.begin() + static_cast<std::ptrdiff_t>(term.begin));
+  blank(term.begin + name.size(), term.behind);
 }
 
 void FormulaCompiler::append_term(Term term, std::size_t after_keyword) {
   Instruction instruction;
-  instruction.operation = spelling(term).operation;
   instruction.position =
-      static_cast<std::uint32_t>(after_keyword - std::min(after_keyword, spelling(term).keyword.size()));
+      static_cast<std::uint32_t>(after_keyword - std::min(after_keyword, keyword(term).size()));
   switch (term) {
     case Term::model:
       append_model(after_keyword, instruction);
@@ -321,6 +293,7 @@ void FormulaCompiler::append_term(Term term, std::size_t after_keyword) {
     case Term::item_sd_units:
     case Term::item_mean:
     case Term::item_sd:
+      instruction.operation = reference_operation(term);
       append_reference(after_keyword, instruction);
       break;
     default:
@@ -330,24 +303,39 @@ void FormulaCompiler::append_term(Term term, std::size_t after_keyword) {
   append(instruction);
 }
 
+std::size_t FormulaCompiler::closing_parenthesis(std::size_t from) const {
+  std::size_t at = from;
+  while (at < work_.size() && work_[at] != ')') ++at;
+  return at;
+}
+
+/// Blanks evaluated text; what began in it is gone.
+void FormulaCompiler::consume_tokens(std::size_t begin, std::size_t end) {
+  blank(begin, end);
+  for (Token &token : tokens_) {
+    if (token.begin >= end) break;
+    if (token.begin >= begin) token.kind = Token::Kind::consumed;
+  }
+}
+
 void FormulaCompiler::append_measurement(Term term, std::size_t after_keyword, Instruction &instruction) {
-  const TermSpelling &measurement = spelling(term);
+  const Measurement needed = measurement(term);
   std::size_t at = work_.find('(', after_keyword);
   if (at == npos) {
-    instruction.operation = Operation::nothing;
     fault(instruction.position);
     return;
   }
+  instruction.operation = needed.operation;
   ++at;
-  if (measurement.has_digit) {
+  if (needed.has_digit) {
     const bool readable = at < work_.size() && framework::is_digit(work_[at]);
     instruction.precision = readable ? static_cast<std::int8_t>(work_[at] - '0') : std::int8_t{0};
     at = std::min(at + 2, work_.size());  // the digit and its separator
   }
-  instruction.point_count = measurement.points;
-  for (std::size_t k = 0; k < measurement.points; ++k) {
+  instruction.point_count = needed.points;
+  for (std::size_t k = 0; k < needed.points; ++k) {
     // A term does not stop at its ')' when it looks for its points: the next expression of the text counts.
-    const std::optional<Point> point = compile_point(work_, at);
+    const std::optional<Point> point = point_at_or_after(at, 0);
     if (!point) {
       instruction.operation = Operation::nothing;
       fault(instruction.position);
@@ -356,8 +344,7 @@ void FormulaCompiler::append_measurement(Term term, std::size_t after_keyword, I
     instruction.points[k] = point->node;
     at = point->end;
   }
-  const std::size_t close = work_.find(')', at);
-  blank(after_keyword, close == npos ? work_.size() : close + 1);
+  consume_tokens(after_keyword, closing_parenthesis(at) + 1);
 }
 
 void FormulaCompiler::append_model(std::size_t after_keyword, Instruction &instruction) {
@@ -365,10 +352,9 @@ void FormulaCompiler::append_model(std::size_t after_keyword, Instruction &instr
     if (work_.compare(after_keyword, token.text.size(), token.text) == 0)
       instruction.model_number = token.number;
   }
-  if (mode_ != Mode::model) instruction.operation = Operation::nothing;
+  if (mode_ == Mode::model) instruction.operation = Operation::model_item;
   if (instruction.model_number < 0 || mode_ != Mode::model) fault(instruction.position);
-  const std::size_t close = work_.find(')', after_keyword);
-  blank(after_keyword, close == npos ? work_.size() : close + 1);
+  consume_tokens(after_keyword, closing_parenthesis(after_keyword) + 1);
 }
 
 void FormulaCompiler::append_reference(std::size_t after_keyword, Instruction &instruction) {
@@ -382,8 +368,7 @@ void FormulaCompiler::append_reference(std::size_t after_keyword, Instruction &i
   }
   instruction.item_text = source_.substr(open + 1, close - open - 1);
   if (items_) instruction.item = items_->find(instruction.item_text).value_or(Instruction::no_item);
-  const std::size_t end = work_.find(')', close);
-  blank(after_keyword, end == npos ? work_.size() : end + 1);
+  consume_tokens(after_keyword, closing_parenthesis(close) + 1);
 }
 
 // Points
@@ -394,58 +379,60 @@ std::uint32_t FormulaCompiler::add_point(const PointNode &node) {
   return static_cast<std::uint32_t>(program_.points.size() - 1);
 }
 
-std::optional<FormulaCompiler::Point> FormulaCompiler::compile_point(std::string_view text,
-                                                                     std::size_t from) {
-  return compile_point(text, from, 0);
+std::optional<FormulaCompiler::Point> FormulaCompiler::compile_point(std::string_view text) {
+  start(text, 0);
+  find_tokens(work_, tokens_);
+  next_token_ = 0;
+  return point_at_or_after(0, 0);
 }
 
-std::optional<FormulaCompiler::Point> FormulaCompiler::compile_point(std::string_view text, std::size_t from,
-                                                                     int depth) {
-  const std::optional<PointStart> start = find_point(text, from);
-  if (!start) return std::nullopt;
-  if (start->keyword != PointKeyword::name) return compile_construction(text, *start, depth);
-  const std::size_t close = start->close;
+std::optional<FormulaCompiler::Point> FormulaCompiler::point_at_or_after(std::size_t from, int depth) {
+  for (; next_token_ < tokens_.size(); ++next_token_) {
+    const Token &token = tokens_[next_token_];
+    if (token.kind != Token::Kind::point || token.begin < from) continue;
+    ++next_token_;
+    return token.form == PointForm::name ? named_point(token) : construction(token, depth);
+  }
+  return std::nullopt;
+}
+
+FormulaCompiler::Point FormulaCompiler::named_point(const Token &token) {
   PointNode node;
   node.kind = PointNode::Kind::named;
-  // Names come from the source text: the working copy changes, and a name is never blank in it before this
-  // point.
-  node.name =
-      (text.data() == work_.data() ? source_ : text).substr(start->arguments, close - start->arguments);
+  node.name = source_.substr(token.behind, token.close - token.behind);
   if (const std::optional<int> landmark = find_landmark(record_kind(mode_), node.name)) {
     node.kind = PointNode::Kind::landmark;
     node.landmark = static_cast<std::int16_t>(*landmark);
   }
-  return Point{add_point(node), close + 1};
+  return {add_point(node), token.close + std::size_t{1}};
 }
 
-FormulaCompiler::Point FormulaCompiler::compile_construction(std::string_view text, const PointStart &start,
-                                                             int depth) {
+FormulaCompiler::Point FormulaCompiler::construction(const Token &token, int depth) {
   constexpr int max_depth = 1000;  // far beyond any line of a file; it only guards the stack
   PointNode node;
-  node.kind = node_kind(start.keyword);
-  std::size_t at = start.arguments;
-  for (int k = 0; k < argument_count(start.keyword); ++k) {
-    const std::optional<Point> argument =
-        depth < max_depth ? compile_point(text, at, depth + 1) : std::nullopt;
+  node.kind = node_kind(token.form);
+  std::size_t at = token.behind;
+  for (int k = 0; k < argument_count(token.form); ++k) {
+    const std::optional<Point> argument = depth < max_depth ? point_at_or_after(at, depth + 1) : std::nullopt;
     if (argument) {
       node.arguments[static_cast<std::size_t>(k)] = argument->node;
       at = argument->end;
     } else {
       node.arguments[static_cast<std::size_t>(k)] = add_point(PointNode{});
-      fault(start.begin);
+      fault(token.begin);
     }
   }
-  const std::size_t close = std::min(text.find(')', at), text.size());
-  if (start.keyword == PointKeyword::bisector || start.keyword == PointKeyword::extension) {
+  const std::size_t close = closing_parenthesis(at);
+  if (token.form == PointForm::bisector || token.form == PointForm::extension) {
     constexpr std::size_t max_number_bytes = 19;
-    const std::string_view rest = text.substr(at, close - at);
+    const std::string_view rest = std::string_view(work_).substr(at, close - at);
     const std::size_t comma = rest.rfind(',');
     const std::string_view written =
         comma == npos ? std::string_view() : rest.substr(comma + 1).substr(0, max_number_bytes);
-    node.number = start.keyword == PointKeyword::extension ? framework::decimal_value(written)
-                                                           : framework::whole_number(written);
+    node.number = token.form == PointForm::extension ? framework::decimal_value(written)
+                                                     : framework::whole_number(written);
   }
-  return {add_point(node), std::min(close + 1, text.size())};
+  return {add_point(node), std::min(close + 1, work_.size())};
 }
 
 // Arithmetic

@@ -15,22 +15,6 @@
 
 namespace analysis {
 
-/// The measurement and reference terms, in the order in which they are substituted.
-enum class Term : std::uint8_t {
-  model,
-  len_r,
-  len_d,
-  len,
-  angle1,
-  angle3,
-  angle2,
-  angle4,
-  item_value,
-  item_sd_units,
-  item_mean,
-  item_sd,
-};
-
 class FormulaCompiler {
  public:
   /// `items` resolves item references and may be null; `diagnose` also looks for faults in the text.
@@ -55,26 +39,24 @@ class FormulaCompiler {
     std::uint32_t node;
     std::size_t end;  ///< position behind the expression
   };
-  /// The first point expression at or after `from`.
-  std::optional<Point> compile_point(std::string_view text, std::size_t from);
+  /// The first point expression of the text.
+  std::optional<Point> compile_point(std::string_view text);
 
  private:
-  struct Candidate {
-    std::size_t position;
-    Term term;
-  };
-
   void start(std::string_view text, std::size_t base);
   Formula finish(bool group, Operand lone) const;
-  void find_candidates(std::size_t end);
   void substitute_terms(std::size_t end);
+  void substitute(const Token &term);
   void append_term(Term term, std::size_t after_keyword);
   void append_measurement(Term term, std::size_t after_keyword, Instruction &instruction);
   void append_model(std::size_t after_keyword, Instruction &instruction);
   void append_reference(std::size_t after_keyword, Instruction &instruction);
 
-  std::optional<Point> compile_point(std::string_view text, std::size_t from, int depth);
-  Point compile_construction(std::string_view text, const PointStart &start, int depth);
+  std::optional<Point> point_at_or_after(std::size_t from, int depth);
+  Point construction(const Token &token, int depth);
+  Point named_point(const Token &token);
+  std::size_t closing_parenthesis(std::size_t from) const;
+  void consume_tokens(std::size_t begin, std::size_t end);
   std::uint32_t add_point(const PointNode &node);
 
   Operand reduce(std::string &expression, int depth);
@@ -108,7 +90,9 @@ class FormulaCompiler {
   std::string_view source_;
   std::string work_;
   std::string expression_;
-  std::vector<Candidate> candidates_;
+  std::vector<Token> tokens_;
+  std::vector<std::uint32_t> terms_;  ///< tokens that are terms, in the order of substitution
+  std::size_t next_token_ = 0;        ///< where the search for points goes on
   std::size_t base_ = 0;
   std::size_t first_ = 0;
   std::int32_t malformed_at_ = -1;

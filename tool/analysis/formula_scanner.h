@@ -3,25 +3,53 @@
 // bracket or a letter.
 
 #include <cstddef>
-#include <optional>
+#include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "tool/framework/text/cp932.h"
 
 namespace analysis {
 
-/// Keywords of point expressions, in the order in which they are tried at a position.
-enum class PointKeyword { midpoint, foot, crossing, bisector, extension, effective_a, name };
-
-struct PointStart {
-  PointKeyword keyword;
-  std::size_t begin;      ///< position of the keyword or '['
-  std::size_t arguments;  ///< position right behind its '(' or '['
-  std::size_t close;      ///< position of the ']' of a name
+/// The measurement and reference terms, in the order in which they are substituted.
+enum class Term : std::uint8_t {
+  model,
+  len_r,
+  len_d,
+  len,
+  angle1,
+  angle3,
+  angle2,
+  angle4,
+  item_value,
+  item_sd_units,
+  item_mean,
+  item_sd,
 };
 
-/// The next point expression at or after `from`; a '[' that is never closed is none.
-std::optional<PointStart> find_point(std::string_view text, std::size_t from);
+std::string_view keyword(Term term);
+
+/// The forms of point expressions, in the order in which they are tried at a position.
+enum class PointForm : std::uint8_t { midpoint, foot, crossing, bisector, extension, effective_a, name };
+
+/// A place of the text where a term or a point expression begins.
+struct Token {
+  enum class Kind : std::uint8_t {
+    term,
+    point,
+    consumed,  ///< its text has been evaluated
+  };
+  Kind kind;
+  Term term;
+  PointForm form;
+  std::uint32_t begin;
+  std::uint32_t behind;  ///< position behind the keyword with its '(', or behind the '[' of a name
+  std::uint32_t close;   ///< position of the ']' of a name
+};
+
+/// Finds every token, from left to right. What is written in double quotes and square brackets is a name:
+/// terms are not looked for in there. A '[' or a double quote that is never closed is none.
+void find_tokens(std::string_view text, std::vector<Token> &tokens);
 
 /// Position of the first `wanted` at or after `from` that is a character of its own; npos when there is none.
 constexpr std::size_t find_character(std::string_view text, char wanted, std::size_t from) {
@@ -39,17 +67,6 @@ constexpr bool stands_at(std::string_view text, std::size_t at, std::string_view
     if (text[at + i] != word[i]) return false;
   }
   return true;
-}
-
-/// What is written in double quotes and square brackets is a name, not part of the formula.
-constexpr bool is_opening(char c) {
-  return c == '"' || c == '[';
-}
-/// Position behind the quoted or bracketed text that opens at `open`; behind the opening itself when nothing
-/// closes it.
-constexpr std::size_t behind_enclosed(std::string_view text, std::size_t open) {
-  const std::size_t close = find_character(text, text[open] == '"' ? '"' : ']', open + 1);
-  return close == std::string_view::npos ? open + 1 : close + 1;
 }
 
 /// Position of `word` at or after `from`, outside double quotes and square brackets; npos when there is none.

@@ -73,7 +73,7 @@ CPointD CCephCalc::Calc_Point(int mode, char *text, void *record, unsigned short
   if (!text || *text == '\0') return {};
   analysis::Program program;
   const auto point =
-      analysis::FormulaCompiler(program, Mode{mode}, nullptr, false).compile_point(std::string_view(text), 0);
+      analysis::FormulaCompiler(program, Mode{mode}, nullptr, false).compile_point(text);
   if (!point) {
     text[0] = ' ';
     return {};
