@@ -115,8 +115,13 @@ Operand number(double value) {
   return {value, -1};
 }
 
-std::string variable_name(std::size_t entry) {
-  return {'d', static_cast<char>('0' + entry / 10), static_cast<char>('0' + entry % 10)};
+constexpr std::size_t variable_bytes = 3;
+
+/// The variable dNN of a table entry.
+void write_variable(std::size_t entry, char *text) {
+  text[0] = 'd';
+  text[1] = static_cast<char>('0' + entry / 10);
+  text[2] = static_cast<char>('0' + entry % 10);
 }
 
 /// A text that holds nothing but one variable or one number.
@@ -129,17 +134,15 @@ Operand lone_operand(std::string_view text) {
   return is_variable ? variable(variable_index(word.substr(1))) : number(framework::decimal_value(word));
 }
 
-/// The expression without its runs of blanks: every reader of it passes over blanks.
-void copy_without_blank_runs(std::string_view text, std::string &result) {
-  result.resize(text.size());
-  char *end = result.data();
-  char last = ' ';
+/// Appends a text without its runs of blanks: every reader of an expression passes over blanks.
+void append_without_blank_runs(std::string_view text, std::string &expression) {
   for (const char c : text) {
-    const char written = framework::is_space(c) ? ' ' : c;
-    if (written != ' ' || last != ' ') *end++ = written;
-    last = written;
+    if (!framework::is_space(c)) {
+      expression += c;
+    } else if (expression.empty() || expression.back() != ' ') {
+      expression += ' ';
+    }
   }
-  result.resize(static_cast<std::size_t>(end - result.data()));
 }
 
 /// In which pass the operator is computed: 1 products, 2 sums, 3 comparisons; 0 for any other character.
@@ -204,9 +207,9 @@ Formula FormulaCompiler::compile(std::string_view text, Extent extent, std::size
   }
   substitute_terms(end);
   if (diagnose_) look_for_faults(end);
-  copy_without_blank_runs(std::string_view(work_).substr(0, end), expression_);
+  build_expression(end);
   const Operand lone = reduce(expression_, 0);
-  blank(0, end + 1);
+  evaluated_end_ = end + 1;
   return finish(group, lone);
 }
 
@@ -225,6 +228,7 @@ void FormulaCompiler::start(std::string_view text, std::size_t base) {
   malformed_at_ = -1;
   reads_ahead_ = false;
   next_token_ = 0;
+  evaluated_end_ = 0;
 }
 
 Formula FormulaCompiler::finish(bool group, Operand lone) const {
@@ -274,33 +278,52 @@ void FormulaCompiler::substitute_terms(std::size_t end) {
   }
 }
 
-void FormulaCompiler::substitute(const Token &term) {
-  append_term(term.term, term.behind);
-  const std::string name = variable_name(used());
-  std::copy(name.begin(), name.end(), work_.begin() + static_cast<std::ptrdiff_t>(term.begin));
-  blank(term.begin + name.size(), term.behind);
+void FormulaCompiler::substitute(Token &term) {
+  term.close = static_cast<std::uint32_t>(append_term(term.term, term.behind));
+  term.kind = Token::Kind::variable;
+  term.entry = static_cast<std::uint8_t>(used());
+  write_variable(used(), work_.data() + term.begin);
+  blank(term.begin + variable_bytes, term.behind);
 }
 
-void FormulaCompiler::append_term(Term term, std::size_t after_keyword) {
+/// The text up to `end` with every term as its variable.
+void FormulaCompiler::build_expression(std::size_t end) {
+  expression_.clear();
+  std::size_t at = 0;
+  for (const Token &token : tokens_) {
+    if (token.kind != Token::Kind::variable || token.begin < at) continue;
+    append_without_blank_runs(std::string_view(work_).substr(at, token.begin - at), expression_);
+    expression_.resize(expression_.size() + variable_bytes);
+    write_variable(token.entry, expression_.data() + expression_.size() - variable_bytes);
+    at = token.close;
+    if (at < end && work_[at] != ' ') expression_ += ' ';
+  }
+  if (at < end) append_without_blank_runs(std::string_view(work_).substr(at, end - at), expression_);
+}
+
+/// Appends the term's instruction; the result is the end of the text that it took.
+std::size_t FormulaCompiler::append_term(Term term, std::size_t after_keyword) {
+  std::size_t end = after_keyword;
   Instruction instruction;
   instruction.position =
       static_cast<std::uint32_t>(after_keyword - std::min(after_keyword, keyword(term).size()));
   switch (term) {
     case Term::model:
-      append_model(after_keyword, instruction);
+      end = append_model(after_keyword, instruction);
       break;
     case Term::item_value:
     case Term::item_sd_units:
     case Term::item_mean:
     case Term::item_sd:
       instruction.operation = reference_operation(term);
-      append_reference(after_keyword, instruction);
+      end = append_reference(after_keyword, instruction);
       break;
     default:
-      append_measurement(term, after_keyword, instruction);
+      end = append_measurement(term, after_keyword, instruction);
       break;
   }
   append(instruction);
+  return end;
 }
 
 std::size_t FormulaCompiler::closing_parenthesis(std::size_t from) const {
@@ -310,20 +333,22 @@ std::size_t FormulaCompiler::closing_parenthesis(std::size_t from) const {
 }
 
 /// Blanks evaluated text; what began in it is gone.
-void FormulaCompiler::consume_tokens(std::size_t begin, std::size_t end) {
+std::size_t FormulaCompiler::consume_tokens(std::size_t begin, std::size_t end) {
   blank(begin, end);
   for (Token &token : tokens_) {
     if (token.begin >= end) break;
     if (token.begin >= begin) token.kind = Token::Kind::consumed;
   }
+  return std::min(end, work_.size());
 }
 
-void FormulaCompiler::append_measurement(Term term, std::size_t after_keyword, Instruction &instruction) {
+std::size_t FormulaCompiler::append_measurement(Term term, std::size_t after_keyword,
+                                                Instruction &instruction) {
   const Measurement needed = measurement(term);
   std::size_t at = work_.find('(', after_keyword);
   if (at == npos) {
     fault(instruction.position);
-    return;
+    return after_keyword;
   }
   instruction.operation = needed.operation;
   ++at;
@@ -344,40 +369,35 @@ void FormulaCompiler::append_measurement(Term term, std::size_t after_keyword, I
     instruction.points[k] = point->node;
     at = point->end;
   }
-  consume_tokens(after_keyword, closing_parenthesis(at) + 1);
+  return consume_tokens(after_keyword, closing_parenthesis(at) + 1);
 }
 
-void FormulaCompiler::append_model(std::size_t after_keyword, Instruction &instruction) {
+std::size_t FormulaCompiler::append_model(std::size_t after_keyword, Instruction &instruction) {
   for (const ModelToken &token : model_tokens) {
     if (work_.compare(after_keyword, token.text.size(), token.text) == 0)
       instruction.model_number = token.number;
   }
   if (mode_ == Mode::model) instruction.operation = Operation::model_item;
   if (instruction.model_number < 0 || mode_ != Mode::model) fault(instruction.position);
-  consume_tokens(after_keyword, closing_parenthesis(after_keyword) + 1);
+  return consume_tokens(after_keyword, closing_parenthesis(after_keyword) + 1);
 }
 
-void FormulaCompiler::append_reference(std::size_t after_keyword, Instruction &instruction) {
+std::size_t FormulaCompiler::append_reference(std::size_t after_keyword, Instruction &instruction) {
   const std::size_t open = work_.find('"', after_keyword);
   const std::size_t close = open == npos ? npos : work_.find('"', open + 1);
   instruction.item = Instruction::no_item;
   if (close == npos) {
     instruction.operation = Operation::nothing;
     fault(instruction.position);
-    return;
+    return after_keyword;
   }
   instruction.item_text = source_.substr(open + 1, close - open - 1);
   if (items_) instruction.item = items_->find(instruction.item_text).value_or(Instruction::no_item);
-  consume_tokens(after_keyword, closing_parenthesis(close) + 1);
+  return consume_tokens(after_keyword, closing_parenthesis(close) + 1);
 }
 
 // Points
 // --------------------------------------------------------------------------------------------------------
-
-std::uint32_t FormulaCompiler::add_point(const PointNode &node) {
-  program_.points.push_back(node);
-  return static_cast<std::uint32_t>(program_.points.size() - 1);
-}
 
 std::optional<FormulaCompiler::Point> FormulaCompiler::compile_point(std::string_view text) {
   start(text, 0);
@@ -397,14 +417,14 @@ std::optional<FormulaCompiler::Point> FormulaCompiler::point_at_or_after(std::si
 }
 
 FormulaCompiler::Point FormulaCompiler::named_point(const Token &token) {
-  PointNode node;
+  PointNode &node = program_.points.emplace_back();
   node.kind = PointNode::Kind::named;
   node.name = source_.substr(token.behind, token.close - token.behind);
   if (const std::optional<int> landmark = find_landmark(record_kind(mode_), node.name)) {
     node.kind = PointNode::Kind::landmark;
     node.landmark = static_cast<std::int16_t>(*landmark);
   }
-  return {add_point(node), token.close + std::size_t{1}};
+  return {last_point(), token.close + std::size_t{1}};
 }
 
 FormulaCompiler::Point FormulaCompiler::construction(const Token &token, int depth) {
@@ -418,7 +438,7 @@ FormulaCompiler::Point FormulaCompiler::construction(const Token &token, int dep
       node.arguments[static_cast<std::size_t>(k)] = argument->node;
       at = argument->end;
     } else {
-      node.arguments[static_cast<std::size_t>(k)] = add_point(PointNode{});
+      node.arguments[static_cast<std::size_t>(k)] = (program_.points.emplace_back(), last_point());
       fault(token.begin);
     }
   }
@@ -432,7 +452,8 @@ FormulaCompiler::Point FormulaCompiler::construction(const Token &token, int dep
     node.number = token.form == PointForm::extension ? framework::decimal_value(written)
                                                      : framework::whole_number(written);
   }
-  return {add_point(node), std::min(close + 1, work_.size())};
+  program_.points.push_back(node);
+  return {last_point(), std::min(close + 1, work_.size())};
 }
 
 // Arithmetic
@@ -467,7 +488,8 @@ void FormulaCompiler::reduce_operators(std::string &expression, int pass, int de
     instruction.right = read(right.operand);
     append(instruction);
     // Commas survive, so that the arguments of a choice stay apart.
-    std::string replacement = variable_name(used());
+    std::string replacement(variable_bytes, ' ');
+    write_variable(used(), replacement.data());
     for (std::size_t i = left.edge; i < right.edge; ++i) {
       if (expression[i] == ',') replacement += ',';
     }

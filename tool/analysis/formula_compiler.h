@@ -33,7 +33,10 @@ class FormulaCompiler {
   Formula compile_term(Term term, std::string_view text);
 
   /// The text as the last compilation left it: evaluated parts are blank.
-  const std::string &consumed_text() const { return work_; }
+  const std::string &consumed_text() {
+    blank(0, evaluated_end_);
+    return work_;
+  }
 
   struct Point {
     std::uint32_t node;
@@ -46,18 +49,19 @@ class FormulaCompiler {
   void start(std::string_view text, std::size_t base);
   Formula finish(bool group, Operand lone) const;
   void substitute_terms(std::size_t end);
-  void substitute(const Token &term);
-  void append_term(Term term, std::size_t after_keyword);
-  void append_measurement(Term term, std::size_t after_keyword, Instruction &instruction);
-  void append_model(std::size_t after_keyword, Instruction &instruction);
-  void append_reference(std::size_t after_keyword, Instruction &instruction);
+  void substitute(Token &term);
+  void build_expression(std::size_t end);
+  std::size_t append_term(Term term, std::size_t after_keyword);
+  std::size_t append_measurement(Term term, std::size_t after_keyword, Instruction &instruction);
+  std::size_t append_model(std::size_t after_keyword, Instruction &instruction);
+  std::size_t append_reference(std::size_t after_keyword, Instruction &instruction);
 
   std::optional<Point> point_at_or_after(std::size_t from, int depth);
   Point construction(const Token &token, int depth);
   Point named_point(const Token &token);
   std::size_t closing_parenthesis(std::size_t from) const;
-  void consume_tokens(std::size_t begin, std::size_t end);
-  std::uint32_t add_point(const PointNode &node);
+  std::size_t consume_tokens(std::size_t begin, std::size_t end);
+  std::uint32_t last_point() const { return static_cast<std::uint32_t>(program_.points.size() - 1); }
 
   Operand reduce(std::string &expression, int depth);
   void reduce_operators(std::string &expression, int pass, int depth);
@@ -89,6 +93,7 @@ class FormulaCompiler {
 
   std::string_view source_;
   std::string work_;
+  std::size_t evaluated_end_ = 0;  ///< the formula itself is blank up to here once it is compiled
   std::string expression_;
   std::vector<Token> tokens_;
   std::vector<std::uint32_t> terms_;  ///< tokens that are terms, in the order of substitution

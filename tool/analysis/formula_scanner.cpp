@@ -36,28 +36,43 @@ constexpr std::array<bool, 256> first_characters = [] {
 
 /// The term whose keyword stands at `at`, the longest where several do.
 std::optional<Term> term_at(std::string_view text, std::size_t at) {
-  const auto first_of = [&](std::initializer_list<Term> choices) -> std::optional<Term> {
-    for (const Term term : choices) {
-      if (stands_at(text, at, keyword(term))) return term;
-    }
-    return std::nullopt;
-  };
+  const auto letter = [&](std::size_t i) { return at + i < text.size() ? text[at + i] : '\0'; };
   switch (text[at]) {
     case 'M':
-      return first_of({Term::model});
+      if (stands_at(text, at, "Model")) return Term::model;
+      break;
     case 'l':
-      return first_of({Term::len_r, Term::len_d, Term::len});
+      if (!stands_at(text, at, "len")) break;
+      return letter(3) == 'R' ? Term::len_r : letter(3) == 'D' ? Term::len_d : Term::len;
     case 'a':
-      return first_of({Term::angle1, Term::angle3, Term::angle2, Term::angle4});
+      if (!stands_at(text, at, "angle")) break;
+      if (letter(5) == '1') return Term::angle1;
+      if (letter(5) == '2') return Term::angle2;
+      if (letter(5) == '3') return Term::angle3;
+      if (letter(5) == '4') return Term::angle4;
+      break;
     case 'c':
-      return first_of({Term::item_value});
+      if (stands_at(text, at, "case")) return Term::item_value;
+      break;
     case 's':
-      return first_of({Term::item_sd_units, Term::item_sd});
+      if (letter(1) == 'd' && letter(2) == 'u') return Term::item_sd_units;
+      if (letter(1) == 'd' && letter(2) == 'v') return Term::item_sd;
+      break;
     case 'm':
-      return first_of({Term::item_mean});
+      if (stands_at(text, at, "mean")) return Term::item_mean;
+      break;
     default:
-      return std::nullopt;
+      break;
   }
+  return std::nullopt;
+}
+
+/// The construction that begins with this letter.
+constexpr const Construction *construction_with(char first) {
+  for (const Construction &construction : constructions) {
+    if (construction.keyword.front() == first) return &construction;
+  }
+  return nullptr;
 }
 
 /// Collects tokens. Positions are 32-bit: no formula comes near that length.
@@ -111,19 +126,17 @@ class Scanner {
   }
 
   bool take_construction() {
-    for (const Construction &construction : constructions) {
-      if (!stands_at(text_, at_, construction.keyword)) continue;
-      const std::size_t behind = at_ + construction.keyword.size();
-      add(Token::Kind::point, {}, construction.form, behind, 0);
-      at_ = behind;
-      return true;
-    }
-    return false;
+    const Construction *construction = construction_with(text_[at_]);
+    if (!construction || !stands_at(text_, at_, construction->keyword)) return false;
+    const std::size_t behind = at_ + construction->keyword.size();
+    add(Token::Kind::point, {}, construction->form, behind, 0);
+    at_ = behind;
+    return true;
   }
 
   void add(Token::Kind kind, Term term, PointForm form, std::size_t behind, std::size_t close) {
     tokens_.push_back({kind, term, form, static_cast<std::uint32_t>(at_), static_cast<std::uint32_t>(behind),
-                       static_cast<std::uint32_t>(close)});
+                       static_cast<std::uint32_t>(close), 0});
   }
 
   std::string_view text_;

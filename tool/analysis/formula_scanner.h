@@ -37,7 +37,8 @@ struct Token {
   enum class Kind : std::uint8_t {
     term,
     point,
-    consumed,  ///< its text has been evaluated
+    consumed,  ///< its text has been evaluated with another term
+    variable,  ///< a term that has been evaluated: entry `entry` of the table, its text ends at `close`
   };
   Kind kind;
   Term term;
@@ -45,6 +46,7 @@ struct Token {
   std::uint32_t begin;
   std::uint32_t behind;  ///< position behind the keyword with its '(', or behind the '[' of a name
   std::uint32_t close;   ///< position of the ']' of a name
+  std::uint8_t entry = 0;
 };
 
 /// Finds every token, from left to right. What is written in double quotes and square brackets is a name:

@@ -1,17 +1,17 @@
 #include "tool/analysis/landmarks.h"
 
-#include "tool/analysis/name_index.h"
+#include <cstdint>
 
 namespace analysis {
 
-const std::array<std::string_view, lateral_landmark_count> lateral_landmarks{
+constexpr std::array<std::string_view, lateral_landmark_count> lateral_landmarks{
     "S",    "N",      "SB",   "Or",     "ANS",   "A",      "U1C", "U1",    "U1R",    "L1",    "L1R",
     "L1C",  "B",      "PM",   "Pog(R)", "Pog",   "Gn",     "Me",  "Go(L)", "Go",     "Go(P)", "Ar",
     "DC",   "Cd",     "Po",   "Ba",     "PT",    "Ptm",    "PNS", "Xi",    "UMo(D)", "UMo",   "PMo",
     "LMo",  "LMo(D)", "N(s)", "TN",     "SN",    "TUL",    "Sto", "TLL",   "TC",     "D",     "CdE",
     "UMoR", "LMoR",   "PTV",  "Gl",     "Me(s)", "Pog(s)", "Vmi"};
 
-const std::array<std::string_view, frontal_landmark_count> frontal_landmarks{
+constexpr std::array<std::string_view, frontal_landmark_count> frontal_landmarks{
     "U3R", "U3L", "U6R", "U6L", "AGR", "AGL", "L3R", "L3L", "L6R", "L6L", "JR",   "JL",   "Me", "NCR",
     "NCL", "ZR",  "ZL",  "ZAR", "ZAL", "ANS", "A",   "B",   "6R",  "6L",  "UMid", "LMid", "CG"};
 
@@ -29,20 +29,60 @@ std::span<const std::string_view> vocabulary(RecordKind kind) {
 
 namespace {
 
-NameIndex index_of(std::span<const std::string_view> names) {
-  NameIndex index(names.size());
-  for (std::size_t k = 0; k < names.size(); ++k) index.insert(names[k], static_cast<std::uint32_t>(k));
-  return index;
+constexpr std::size_t longest_name = 6;
+
+/// The letters of a short name as one number, so that names are compared at once.
+constexpr std::uint64_t packed(std::string_view name) {
+  std::uint64_t letters = 0;
+  for (const char c : name) letters = letters << 8 | static_cast<unsigned char>(c);
+  return letters;
 }
+
+/// A hash table over the packed names of a vocabulary.
+class LandmarkIndex {
+ public:
+  constexpr explicit LandmarkIndex(std::span<const std::string_view> names) {
+    for (std::size_t k = 0; k < names.size(); ++k)
+      slots_[place(packed(names[k]))] = {packed(names[k]), static_cast<int>(k)};
+  }
+
+  constexpr std::optional<int> find(std::string_view name) const {
+    if (name.empty() || name.size() > longest_name) return std::nullopt;
+    const Slot &slot = slots_[place(packed(name))];
+    if (slot.letters == 0) return std::nullopt;
+    return slot.landmark;
+  }
+
+ private:
+  static constexpr std::size_t size = 256;
+  struct Slot {
+    std::uint64_t letters = 0;  ///< 0: free
+    int landmark = 0;
+  };
+
+  constexpr std::size_t place(std::uint64_t letters) const {
+    std::size_t at = static_cast<std::size_t>(letters * 0x9E3779B97F4A7C15u >> 56);
+    while (slots_[at].letters != 0 && slots_[at].letters != letters) at = (at + 1) % size;
+    return at;
+  }
+
+  std::array<Slot, size> slots_{};
+};
+
+constexpr LandmarkIndex lateral_index(lateral_landmarks);
+constexpr LandmarkIndex frontal_index(frontal_landmarks);
 
 }  // namespace
 
 std::optional<int> find_landmark(RecordKind kind, std::string_view name) {
-  static const NameIndex lateral_index = index_of(lateral_landmarks);
-  static const NameIndex frontal_index = index_of(frontal_landmarks);
-  if (kind == RecordKind::model) return std::nullopt;
-  const NameIndex &index = kind == RecordKind::lateral ? lateral_index : frontal_index;
-  if (const std::optional<std::uint32_t> found = index.find(name)) return static_cast<int>(*found);
+  switch (kind) {
+    case RecordKind::lateral:
+      return lateral_index.find(name);
+    case RecordKind::frontal:
+      return frontal_index.find(name);
+    case RecordKind::model:
+      return std::nullopt;
+  }
   return std::nullopt;
 }
 

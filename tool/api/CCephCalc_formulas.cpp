@@ -29,8 +29,9 @@ std::optional<Analysis> load(int mode, int file_index) {
 }
 
 /// Evaluated text is blank for the caller from now on.
-void consume(char *text, const FormulaCompiler &compiler) {
-  std::memcpy(text, compiler.consumed_text().data(), compiler.consumed_text().size());
+void consume(char *text, FormulaCompiler &compiler) {
+  const std::string &consumed = compiler.consumed_text();
+  std::memcpy(text, consumed.data(), consumed.size());
 }
 
 std::optional<Term> measurement_term(unsigned int kind) {
