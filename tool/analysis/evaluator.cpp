@@ -1,5 +1,6 @@
 #include "tool/analysis/evaluator.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "tool/analysis/formula_angles.h"
@@ -33,10 +34,16 @@ bool is_prediction(std::string_view item_text) {
 
 Evaluator::Evaluator(const Tracing &tracing, const Patient &patient, const Analysis *analysis,
                      Reasons reasons)
-    : tracing_(tracing), patient_(patient), analysis_(analysis), collect_(reasons == Reasons::collect) {
+    : tracing_(&tracing), patient_(patient), analysis_(analysis), collect_(reasons == Reasons::collect) {
   if (!analysis_) return;
   memory_[0].outcomes.resize(analysis_->items().size());
   status_.resize(analysis_->items().size());
+}
+
+void Evaluator::rebind(const Tracing &tracing) {
+  tracing_ = &tracing;
+  std::fill(status_.begin(), status_.end(), static_cast<unsigned char>(0));
+  reason_.reset();
 }
 
 std::optional<Reason> Evaluator::take_reason() {
@@ -70,6 +77,7 @@ double Evaluator::effective(const Operand &operand, const ValueTable &values) co
 }
 
 double Evaluator::compute(const Program &program, const Instruction &instruction, const ValueTable &values) {
+  if (instruction.point_count > 0) return measure(program, instruction);
   const double left = effective(instruction.left, values);
   const double right = effective(instruction.right, values);
   switch (instruction.operation) {
@@ -100,10 +108,8 @@ double Evaluator::compute(const Program &program, const Instruction &instruction
     case Operation::item_mean:
     case Operation::item_sd:
       return reference(instruction);
-    case Operation::nothing:
-      return 0.0;
     default:
-      return measure(program, instruction);
+      return 0.0;
   }
 }
 
@@ -119,21 +125,24 @@ double Evaluator::choose(const Program &program, const Instruction &instruction,
 }
 
 double Evaluator::measure(const Program &program, const Instruction &instruction) {
-  if (!tracing_.has_record()) {
+  if (!tracing_->has_record()) {
     add_reason(Reason::Kind::unplaced_point, program.points[instruction.points[0]].name);
     return 0.0;
   }
   std::array<CPointD, 4> p;
-  for (std::size_t k = 0; k < instruction.point_count; ++k) p[k] = point(program, instruction.points[k]);
+  for (std::size_t k = 0; k < instruction.point_count; ++k) {
+    const PointNode &node = program.points[instruction.points[k]];
+    p[k] = node.kind == PointNode::Kind::landmark ? landmark(node) : point(program, instruction.points[k]);
+  }
   switch (instruction.operation) {
     case Operation::distance:
-      return geometry::length(p[0], p[1], tracing_.scale());
+      return geometry::length(p[0], p[1], tracing_->scale());
     case Operation::distance_x: {
-      const double length = geometry::length(p[0], p[1], tracing_.scale());
+      const double length = geometry::length(p[0], p[1], tracing_->scale());
       return p[1].x < p[0].x ? -length : length;
     }
     case Operation::distance_y: {
-      const double length = geometry::length(p[0], p[1], tracing_.scale());
+      const double length = geometry::length(p[0], p[1], tracing_->scale());
       return p[1].y < p[0].y ? -length : length;
     }
     default:
@@ -146,7 +155,7 @@ double Evaluator::measure(const Program &program, const Instruction &instruction
 }
 
 double Evaluator::model_item(const Instruction &instruction) {
-  const tagPOINTMO *cast = tracing_.model();
+  const tagPOINTMO *cast = tracing_->model();
   const double value = cast && instruction.model_number >= 0
                            ? model::item(patient_.sex, *cast, cast->ex, instruction.model_number).a
                            : 0.0;
@@ -157,17 +166,20 @@ double Evaluator::model_item(const Instruction &instruction) {
 // Points
 // --------------------------------------------------------------------------------------------------------
 
+CPointD Evaluator::landmark(const PointNode &node) {
+  if (!tracing_->has_record()) return {};
+  const POINT &p = tracing_->landmarks()[static_cast<std::size_t>(node.landmark)];
+  if (collect_ && p.x == 0 && p.y == 0) add_reason(Reason::Kind::unplaced_point, node.name);
+  return CPointD(p.x, p.y);
+}
+
 CPointD Evaluator::point(const Program &program, std::uint32_t index) {
   const PointNode &node = program.points[index];
   switch (node.kind) {
-    case PointNode::Kind::landmark: {
-      if (!tracing_.has_record()) return {};
-      const POINT &p = tracing_.landmarks()[static_cast<std::size_t>(node.landmark)];
-      if (collect_ && p.x == 0 && p.y == 0) add_reason(Reason::Kind::unplaced_point, node.name);
-      return CPointD(p.x, p.y);
-    }
+    case PointNode::Kind::landmark:
+      return landmark(node);
     case PointNode::Kind::named:
-      return point_position(node.name, tracing_, reason_slot());
+      return point_position(node.name, *tracing_, reason_slot());
     case PointNode::Kind::effective_a:
       return effective_a_point();
     case PointNode::Kind::missing:
@@ -193,13 +205,13 @@ CPointD Evaluator::construct(const Program &program, const PointNode &node) {
     case PointNode::Kind::bisector:
       return bisector_point(a, b, argument(2), node.number);
     default:
-      return geometry::turned_offset(a, b, b, node.number, 0.0, tracing_.scale());
+      return geometry::turned_offset(a, b, b, node.number, 0.0, tracing_->scale());
   }
 }
 
 /// The A point corrected for the inclination of the upper incisor: 0.4 mm per degree from 12 degrees to N-A.
 CPointD Evaluator::effective_a_point() const {
-  const tagPOINTLAT *record = tracing_.lateral();
+  const tagPOINTLAT *record = tracing_->lateral();
   if (!record) return {};
   const auto landmark = [&](lateral::Landmark k) {
     const POINT &p = record->pt[first_landmark_entry + k];
@@ -270,10 +282,10 @@ ItemOutcome Evaluator::item(std::size_t index) {
   // What rests on a reference that was not followed depends on where the evaluation came from.
   if (cuts_ == cuts_before) {
     status_[index] |= known_here;
-    memory.outcomes.resize(analysis_->items().size());
+    if (memory.outcomes.empty()) memory.outcomes.resize(analysis_->items().size());
     memory.outcomes[index] = outcome;
     if (collect_) {
-      memory.reasons.resize(analysis_->items().size());
+      if (memory.reasons.empty()) memory.reasons.resize(analysis_->items().size());
       memory.reasons[index] = reason_;
     }
   }
@@ -362,7 +374,7 @@ std::string Evaluator::evaluate_norm_formula(std::string_view field) {
   const bool outer_norm = std::exchange(in_norm_formula_, true);
   ++depth_;
   Program program;
-  FormulaCompiler compiler(program, tracing_.mode(), analysis_ ? &analysis_->compiled().by_text : nullptr,
+  FormulaCompiler compiler(program, tracing_->mode(), analysis_ ? &analysis_->compiled().by_text : nullptr,
                            collect_);
   const Formula formula = compiler.compile(norm.formula);
   const double value = run(program, formula);

@@ -39,6 +39,9 @@ class Evaluator {
   /// `analysis` resolves item references and may be null.
   Evaluator(const Tracing &tracing, const Patient &patient, const Analysis *analysis, Reasons reasons);
 
+  /// Forgets what it knows and goes on with another tracing of the same kind of record.
+  void rebind(const Tracing &tracing);
+
   double run(const Program &program, const Formula &formula, ValueTable &values);
   /// The same on a fresh table.
   double run(const Program &program, const Formula &formula);
@@ -63,6 +66,7 @@ class Evaluator {
   double reference(const Instruction &instruction);
   double model_item(const Instruction &instruction);
   double choose(const Program &program, const Instruction &instruction, const ValueTable &values) const;
+  CPointD landmark(const PointNode &node);
   CPointD construct(const Program &program, const PointNode &node);
   CPointD effective_a_point() const;
   ItemOutcome evaluate_item(std::size_t index);
@@ -72,7 +76,7 @@ class Evaluator {
   std::string evaluate_norm_formula(std::string_view field);
   std::optional<Reason> *reason_slot() { return collect_ ? &reason_ : nullptr; }
 
-  const Tracing &tracing_;
+  const Tracing *tracing_;
   Patient patient_;
   const Analysis *analysis_;
   bool collect_;
