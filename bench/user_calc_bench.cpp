@@ -2,7 +2,6 @@
 // formula parser that evaluates the same eight measures.
 
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
 #include <muParser.h>
 #include <unistd.h>
 
@@ -12,24 +11,13 @@
 
 #include "bench/support/films.h"
 #include "tool/analysis/evaluator.h"
-#include "tool/analysis/formula_angles.h"
 #include "tool/analysis/landmarks.h"
+#include "tool/framework/files/read_file.h"
 #include "tool/tool.h"
 
 namespace {
 
 constexpr std::size_t film_count = 1000;
-
-/// Opens a file, reads it whole and closes it, with nothing in between but the system's own calls.
-std::size_t read_file(const std::string &path, std::vector<char> &buffer) {
-  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  std::size_t total = 0;
-  for (ssize_t got; (got = read(file, buffer.data() + total, buffer.size() - total)) > 0;) {
-    total += static_cast<std::size_t>(got);
-  }
-  close(file);
-  return total;
-}
 
 void fill(CListCtrl &list, tagPOINTLAT &film) {
   list.DeleteAllItems();
@@ -48,12 +36,12 @@ void user_calc_from_file(benchmark::State &state) {
 }
 BENCHMARK(user_calc_from_file)->Name("UserCalcFromFile/ours")->Unit(benchmark::kMicrosecond);
 
+/// Merely opening and reading, through the calls by which the library reads them.
 void read_the_same_files(benchmark::State &state) {
   const bench::DefinitionFolder folder(bench::forty_item_analysis());
-  std::vector<char> buffer(1 << 16);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(read_file(folder.list_path(), buffer));
-    benchmark::DoNotOptimize(read_file(folder.analysis_path(), buffer));
+    benchmark::DoNotOptimize(framework::read_whole_file(folder.list_path().c_str()));
+    benchmark::DoNotOptimize(framework::read_whole_file(folder.analysis_path().c_str()));
   }
 }
 BENCHMARK(read_the_same_files)->Name("UserCalcFromFile/baseline")->Unit(benchmark::kMicrosecond);
@@ -93,12 +81,22 @@ BENCHMARK(films_through_held_analysis)->Name("ThousandFilmsHeldAnalysis/ours")->
 // The same measures in the general parser: coordinates are variables, the measurements are functions
 // ----------------
 
+constexpr double degrees_per_radian = 57.29577951308232;
+
 double parser_angle1(double x0, double y0, double x1, double y1, double x2, double y2) {
-  return analysis::formula_vertex_angle({x0, y0}, {x1, y1}, {x2, y2});
+  const double ux = x0 - x1;
+  const double uy = y0 - y1;
+  const double vx = x2 - x1;
+  const double vy = y2 - y1;
+  return std::atan2(std::fabs(ux * vy - uy * vx), ux * vx + uy * vy) * degrees_per_radian;
 }
 
 double parser_angle2(double x0, double y0, double x1, double y1, double x2, double y2, double x3, double y3) {
-  return analysis::formula_line_angle({x0, y0}, {x1, y1}, {x2, y2}, {x3, y3});
+  const double vx = x1 - x0;
+  const double vy = y1 - y0;
+  const double wx = x3 - x2;
+  const double wy = y3 - y2;
+  return std::atan2(vx * wy - vy * wx, vx * wx + vy * wy) * degrees_per_radian;
 }
 
 double parser_len(double x0, double y0, double x1, double y1) {
