@@ -333,34 +333,38 @@ ItemOutcome Evaluator::pick_alternative(const ItemPlan &plan, double index) {
 // Norms
 // ---------------------------------------------------------------------------------------------------------
 
-std::string Evaluator::norm_text(std::size_t index, NormKind which, int kind) {
+void Evaluator::norm_text(std::size_t index, NormKind which, int kind, std::string &text) {
   const std::optional<NormLine> &line = analysis_->compiled().norm_line(index, which, patient_.sex);
-  if (!line) return {};
+  if (!line) return;
+  const std::string_view field = norm_column(*line, patient_.age_code);
+  if (env::is_plainly_printed(field)) return write_norm_number(field, kind, patient_.magnification, text);
   if (depth_ == 0) evaluations_ = 0;
   const Status mark = which == NormKind::mean ? running_mean : running_sd;
   if ((status_[index] & mark) != 0) {
     ++cuts_;
     add_reason(Reason::Kind::cycle, analysis_->items()[index].text);
-    return {};
+    return;
   }
   status_[index] |= mark;
-  std::string text = norm_field_text(norm_column(*line, patient_.age_code), kind);
+  text = norm_field_text(field, kind);
   status_[index] = static_cast<unsigned char>(status_[index] & ~mark);
-  return text;
 }
 
 std::optional<double> Evaluator::norm_number(std::size_t index, NormKind which) {
   if (!analysis_->compiled().norm_line(index, which, patient_.sex)) return std::nullopt;
   const int cuts_before = cuts_;
-  const std::string text = norm_text(index, which, analysis_->items()[index].kind);
+  std::string text;
+  norm_text(index, which, analysis_->items()[index].kind, text);
   if (cuts_ != cuts_before && text.empty()) return std::nullopt;
   if (!env::is_number(text)) return std::nullopt;
   return framework::decimal_value(text);
 }
 
 std::string Evaluator::norm_field_text(std::string_view field, int kind) {
-  std::string text = env::is_number(field) ? std::string(field) : evaluate_norm_formula(field);
-  return kind == 0 ? scale_norm_length(text, patient_.magnification) : text;
+  std::string text;
+  const std::string evaluated = env::is_number(field) ? std::string(field) : evaluate_norm_formula(field);
+  write_norm_number(evaluated, kind, patient_.magnification, text);
+  return text;
 }
 
 /// Norm formulas are evaluated as if the film had the magnification that norms are written for.

@@ -48,8 +48,9 @@ class Evaluator {
   CPointD point(const Program &program, std::uint32_t node);
 
   ItemOutcome item(std::size_t index);
-  /// The norm as written, lengths scaled by the magnification; empty when there is none.
-  std::string norm_text(std::size_t index, NormKind which, int kind);
+  /// Writes the norm as it stands in the file, lengths scaled by the magnification; leaves `text` alone when
+  /// there is none.
+  void norm_text(std::size_t index, NormKind which, int kind, std::string &text);
   /// The norm as a number; empty when there is none or its text is no number.
   std::optional<double> norm_number(std::size_t index, NormKind which);
   /// The text of a norm field: a number as it is, a formula evaluated; lengths (kind 0) scaled.

@@ -345,7 +345,7 @@ std::size_t FormulaCompiler::consume_tokens(std::size_t begin, std::size_t end) 
 std::size_t FormulaCompiler::append_measurement(Term term, std::size_t after_keyword,
                                                 Instruction &instruction) {
   const Measurement needed = measurement(term);
-  std::size_t at = work_.find('(', after_keyword);
+  std::size_t at = stands_at(work_, after_keyword, "(") ? after_keyword : work_.find('(', after_keyword);
   if (at == npos) {
     fault(instruction.position);
     return after_keyword;

@@ -51,23 +51,26 @@ std::string_view norm_column(const NormLine &line, int age_code) {
   return list_field(line.columns, line.second_set ? age_code / columns_per_set : age_code % columns_per_set);
 }
 
-std::string scale_norm_length(std::string_view text, double magnification) {
-  const std::size_t point = text.find('.');
+void write_norm_number(std::string_view number, int kind, double magnification, std::string &text) {
+  if (kind != 0) {
+    text = number;
+    return;
+  }
+  const std::size_t point = number.find('.');
   std::size_t decimals = 0;
   if (point != std::string_view::npos) {
-    const auto first = text.begin() + static_cast<std::ptrdiff_t>(point) + 1;
-    decimals = static_cast<std::size_t>(std::find_if_not(first, text.end(), framework::is_digit) - first);
+    const auto first = number.begin() + static_cast<std::ptrdiff_t>(point) + 1;
+    decimals = static_cast<std::size_t>(std::find_if_not(first, number.end(), framework::is_digit) - first);
   }
   // At the norms' own magnification a plainly written number comes out as it is.
-  if (decimals > 0 && magnification == norm_magnification && env::is_plainly_printed(text))
-    return std::string(text);
+  if (decimals > 0 && magnification == norm_magnification && env::is_plainly_printed(number)) {
+    text = number;
+    return;
+  }
   decimals = std::max<std::size_t>(decimals, 1);
-  const double scaled = framework::decimal_value(text) * (magnification / norm_magnification);
-  std::string written = framework::fixed(scaled, 6);
-  const std::size_t written_point = written.find('.');
-  if (written_point != std::string::npos)
-    written.resize(std::min(written.size(), written_point + 1 + decimals));
-  return written;
+  text = framework::fixed(framework::decimal_value(number) * (magnification / norm_magnification), 6);
+  const std::size_t written_point = text.find('.');
+  if (written_point != std::string::npos) text.resize(std::min(text.size(), written_point + 1 + decimals));
 }
 
 NormFormula split_norm_formula(std::string_view field) {

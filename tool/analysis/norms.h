@@ -27,9 +27,9 @@ std::optional<NormLine> find_norm_line(const DefinitionFile &file, std::string_v
 /// 100.
 std::string_view norm_column(const NormLine &line, int age_code);
 
-/// A norm length written for magnification 1.1, scaled and cut (not rounded) to the decimals of its text, at
-/// least one.
-std::string scale_norm_length(std::string_view text, double magnification);
+/// Writes a norm number. A length (kind 0), which stands for magnification 1.1 in the file, is scaled and
+/// then cut (not rounded) to the decimals that are written, at least one.
+void write_norm_number(std::string_view number, int kind, double magnification, std::string &text);
 
 /// A norm field that is not a number: a formula, one separator, one digit for the decimals of the result.
 struct NormFormula {

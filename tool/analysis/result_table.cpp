@@ -115,8 +115,8 @@ class RowBuilder {
   }
 
   void fill_norms(std::size_t index, int kind, TableRow &row) {
-    row.mean = evaluator_.norm_text(index, NormKind::mean, kind);
-    row.sd = evaluator_.norm_text(index, NormKind::sd, kind);
+    evaluator_.norm_text(index, NormKind::mean, kind, row.mean);
+    evaluator_.norm_text(index, NormKind::sd, kind, row.sd);
     if (explain_ == Explain::no) return;
     const std::optional<Reason> norm_reason = evaluator_.take_reason();
     if (!row.reason) row.reason = norm_reason;

@@ -16,25 +16,21 @@ std::optional<Analysis> load(Mode mode, int file_index) {
   return Analysis::load(mode, file_index, Analysis::Diagnosis::no);
 }
 
-void set_text(CListCtrl &list, int row, int column, const std::string &text) {
-  if (!text.empty()) list.set_item_text(row, column, text);
+/// Inserts the texts up to the last one that is not empty.
+void insert_row(CListCtrl &list, int at, std::span<const std::string_view> texts, int data) {
+  while (texts.size() > 1 && texts.back().empty()) texts = texts.first(texts.size() - 1);
+  list.insert_row(at, texts, static_cast<DWORD_PTR>(data));
 }
 
 void insert_row(CListCtrl &list, int at, const analysis::TableRow &row) {
-  list.insert_item(at, row.item);
-  set_text(list, at, 1, row.mean);
-  set_text(list, at, 2, row.sd);
-  set_text(list, at, 3, row.value);
-  set_text(list, at, 4, row.second_value);
-  if (row.display_flag) list.SetItemData(at, static_cast<DWORD_PTR>(*row.display_flag));
+  const std::string_view texts[] = {row.item, row.mean, row.sd, row.value, row.second_value};
+  insert_row(list, at, texts, row.display_flag.value_or(0));
 }
 
 void insert_row(CListCtrl &list, int at, const analysis::SurgeryRow &row) {
-  list.insert_item(at, row.item);
-  set_text(list, at, 1, row.before.value);
-  set_text(list, at, 2, row.before.mark);
-  set_text(list, at, 3, row.after.value);
-  set_text(list, at, 4, row.after.mark);
+  const std::string_view texts[] = {row.item, row.before.value, row.before.mark, row.after.value,
+                                    row.after.mark};
+  insert_row(list, at, texts, 0);
 }
 
 }  // namespace

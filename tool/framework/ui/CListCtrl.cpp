@@ -57,12 +57,16 @@ int CListCtrl::GetColumnFormat(int index) const {
 }
 
 int CListCtrl::insert_item(int index, std::string_view text) {
+  return insert_row(index, {&text, 1}, 0);
+}
+
+int CListCtrl::insert_row(int index, std::span<const std::string_view> texts, DWORD_PTR data) {
   if (index < 0) return -1;
   const int position = std::min(index, GetItemCount());
-  Row row;
-  row.texts.reserve(std::max<std::size_t>(columns_.size(), 4));
-  row.texts.emplace_back(text);
-  rows_.insert(rows_.begin() + position, std::move(row));
+  Row &row = *rows_.emplace(rows_.begin() + position);
+  row.texts.reserve(std::max({columns_.size(), texts.size(), std::size_t{4}}));
+  for (const std::string_view text : texts) row.texts.emplace_back(text);
+  row.data = data;
   return position;
 }
 

@@ -3,6 +3,7 @@
 // without any window. Rows, columns and sub-items count from 0; sub-item 0 is the item's own text.
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -91,6 +92,8 @@ class CListCtrl : public CWnd {
   BOOL set_item_text(int row, int sub_item, std::string_view text);
   /// Empty for a missing row or sub-item; valid until the list changes.
   std::string_view item_text(int row, int sub_item) const;
+  /// A whole row with its first texts and its item data, at `index` or the end; -1 for a negative index.
+  int insert_row(int index, std::span<const std::string_view> texts, DWORD_PTR data);
   void reserve(int rows) { rows_.reserve(static_cast<std::size_t>(rows > 0 ? rows : 0)); }
 
  private:
