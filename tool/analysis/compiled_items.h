@@ -1,7 +1,7 @@
 #pragma once
 // What an Analysis keeps of its file: items, their compiled formulas, and where their norms stand.
 
-#include <array>
+#include <memory_resource>
 #include <optional>
 #include <vector>
 
@@ -28,20 +28,26 @@ struct ItemPlan {
 };
 
 struct CompiledItems {
-  explicit CompiledItems(std::size_t expected_items) : by_text(expected_items) {}
-
-  std::vector<Item> items;
-  std::vector<ItemPlan> plans;  ///< parallel to items
-  /// Parallel to items: the item that by_text gives for its text.
-  std::vector<std::uint32_t> first_with_text;
-  std::vector<Alternative> alternatives;
-  Program program;
-  NameIndex by_text;
   struct Norms {
     std::optional<NormLine> line[2][2];  ///< [mean, sd][male, female]
   };
-  std::vector<Norms> norms;  ///< parallel to items; only the first item with a text has them
-  bool diagnosed;
+
+  explicit CompiledItems(std::size_t expected_items)
+      : memory(expected_items * bytes_per_item), by_text(expected_items, &memory) {}
+
+  /// One block holds everything below: a file is parsed at every call, and many blocks would cost more than
+  /// that.
+  static constexpr std::size_t bytes_per_item = 1024;
+  std::pmr::monotonic_buffer_resource memory;
+  std::pmr::vector<Item> items{&memory};
+  std::pmr::vector<ItemPlan> plans{&memory};  ///< parallel to items
+  /// Parallel to items: the item that by_text gives for its text.
+  std::pmr::vector<std::uint32_t> first_with_text{&memory};
+  std::pmr::vector<Alternative> alternatives{&memory};
+  Program program{&memory};
+  NameIndex by_text;
+  std::pmr::vector<Norms> norms{&memory};  ///< parallel to items; only the first item with a text has them
+  bool diagnosed = false;
 
   const std::optional<NormLine> &norm_line(std::size_t item, NormKind which, int sex) const {
     return norms[first_with_text[item]].line[which == NormKind::mean ? 0 : 1][sex == 1 ? 0 : 1];

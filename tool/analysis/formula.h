@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory_resource>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -99,9 +100,12 @@ struct Formula {
 
 /// The storage that the formulas of one file share.
 struct Program {
-  std::vector<PointNode> points;
-  std::vector<Instruction> instructions;
-  std::vector<Operand> operands;
+  explicit Program(std::pmr::memory_resource *memory = std::pmr::get_default_resource())
+      : points(memory), instructions(memory), operands(memory) {}
+
+  std::pmr::vector<PointNode> points;
+  std::pmr::vector<Instruction> instructions;
+  std::pmr::vector<Operand> operands;
 };
 
 }  // namespace analysis

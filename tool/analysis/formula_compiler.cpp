@@ -420,7 +420,8 @@ FormulaCompiler::Point FormulaCompiler::named_point(const Token &token) {
   PointNode &node = program_.points.emplace_back();
   node.kind = PointNode::Kind::named;
   node.name = source_.substr(token.behind, token.close - token.behind);
-  if (const std::optional<int> landmark = find_landmark(record_kind(mode_), node.name)) {
+  const std::size_t length = token.close - token.behind;
+  if (const auto landmark = find_landmark(record_kind(mode_), source_, token.behind, length)) {
     node.kind = PointNode::Kind::landmark;
     node.landmark = static_cast<std::int16_t>(*landmark);
   }

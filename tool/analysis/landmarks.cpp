@@ -1,6 +1,8 @@
 #include "tool/analysis/landmarks.h"
 
+#include <bit>
 #include <cstdint>
+#include <cstring>
 
 namespace analysis {
 
@@ -31,11 +33,23 @@ namespace {
 
 constexpr std::size_t longest_name = 6;
 
-/// The letters of a short name as one number, so that names are compared at once.
+/// The letters of a short name as one number, the first one lowest, so that names are compared at once.
 constexpr std::uint64_t packed(std::string_view name) {
   std::uint64_t letters = 0;
-  for (const char c : name) letters = letters << 8 | static_cast<unsigned char>(c);
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    letters |= std::uint64_t{static_cast<unsigned char>(name[i])} << (8 * i);
+  }
   return letters;
+}
+
+/// The same for a name inside a longer text: eight bytes are read at once where the text goes on that far.
+std::uint64_t packed(std::string_view text, std::size_t begin, std::size_t length) {
+  std::uint64_t letters = 0;
+  if (std::endian::native != std::endian::little || text.size() - begin < sizeof letters) {
+    return packed(text.substr(begin, length));
+  }
+  std::memcpy(&letters, text.data() + begin, sizeof letters);
+  return letters & ((std::uint64_t{1} << (8 * length)) - 1);
 }
 
 /// A hash table over the packed names of a vocabulary.
@@ -46,9 +60,9 @@ class LandmarkIndex {
       slots_[place(packed(names[k]))] = {packed(names[k]), static_cast<int>(k)};
   }
 
-  constexpr std::optional<int> find(std::string_view name) const {
-    if (name.empty() || name.size() > longest_name) return std::nullopt;
-    const Slot &slot = slots_[place(packed(name))];
+  std::optional<int> find(std::string_view text, std::size_t begin, std::size_t length) const {
+    if (length == 0 || length > longest_name) return std::nullopt;
+    const Slot &slot = slots_[place(packed(text, begin, length))];
     if (slot.letters == 0) return std::nullopt;
     return slot.landmark;
   }
@@ -74,16 +88,21 @@ constexpr LandmarkIndex frontal_index(frontal_landmarks);
 
 }  // namespace
 
-std::optional<int> find_landmark(RecordKind kind, std::string_view name) {
+std::optional<int> find_landmark(RecordKind kind, std::string_view text, std::size_t begin,
+                                 std::size_t length) {
   switch (kind) {
     case RecordKind::lateral:
-      return lateral_index.find(name);
+      return lateral_index.find(text, begin, length);
     case RecordKind::frontal:
-      return frontal_index.find(name);
+      return frontal_index.find(text, begin, length);
     case RecordKind::model:
       return std::nullopt;
   }
   return std::nullopt;
+}
+
+std::optional<int> find_landmark(RecordKind kind, std::string_view name) {
+  return find_landmark(kind, name, 0, name.size());
 }
 
 }  // namespace analysis

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <memory_resource>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -11,7 +12,9 @@ namespace analysis {
 
 class NameIndex {
  public:
-  explicit NameIndex(std::size_t expected) {
+  explicit NameIndex(std::size_t expected,
+                     std::pmr::memory_resource *memory = std::pmr::get_default_resource())
+      : slots_(memory) {
     std::size_t capacity = 16;
     while (capacity < 2 * expected) capacity *= 2;
     slots_.resize(capacity);
@@ -57,7 +60,7 @@ class NameIndex {
     return at;
   }
 
-  std::vector<Slot> slots_;
+  std::pmr::vector<Slot> slots_;
 };
 
 }  // namespace analysis

@@ -64,6 +64,10 @@ int CListCtrl::insert_row(int index, std::span<const std::string_view> texts, DW
   if (index < 0) return -1;
   const int position = std::min(index, GetItemCount());
   Row &row = *rows_.emplace(rows_.begin() + position);
+  if (!spare_texts_.empty()) {
+    row.texts = std::move(spare_texts_.back());
+    spare_texts_.pop_back();
+  }
   row.texts.reserve(std::max({columns_.size(), texts.size(), std::size_t{4}}));
   for (const std::string_view text : texts) row.texts.emplace_back(text);
   row.data = data;
@@ -77,6 +81,13 @@ BOOL CListCtrl::DeleteItem(int index) {
 }
 
 BOOL CListCtrl::DeleteAllItems() {
+  // A list that is emptied is mostly filled again at once: a screenful of rows leaves its memory.
+  constexpr std::size_t most_spare_rows = 256;
+  for (Row &row : rows_) {
+    if (spare_texts_.size() >= most_spare_rows) break;
+    row.texts.clear();
+    spare_texts_.push_back(std::move(row.texts));
+  }
   rows_.clear();
   selection_mark_ = -1;
   return TRUE;

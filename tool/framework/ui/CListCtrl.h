@@ -114,5 +114,6 @@ class CListCtrl : public CWnd {
 
   std::vector<Column> columns_;
   std::vector<Row> rows_;
+  std::vector<std::vector<std::string>> spare_texts_;  ///< emptied, for rows to come
   int selection_mark_ = -1;
 };
