@@ -363,6 +363,7 @@ std::size_t FormulaCompiler::append_measurement(Term term, std::size_t after_key
     const std::optional<Point> point = point_at_or_after(at, 0);
     if (!point) {
       instruction.operation = Operation::nothing;
+      instruction.point_count = 0;
       fault(instruction.position);
       break;
     }
