@@ -6,7 +6,7 @@ echo "Building (shared) ..."
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 {
-  cmake --preset release -B build/shared -DBUILD_SHARED_LIBS=ON &&
+  cmake --preset dev -B build/shared -DBUILD_SHARED_LIBS=ON -DTOOL_BUILD_TESTS=OFF &&
     cmake --build build/shared --parallel "${JOBS:-$(nproc)}"
 } > "$log" 2>&1 || { cat "$log" >&2; exit 1; }
 scripts/check_consumer.sh build/shared build/shared/consumer

@@ -72,8 +72,7 @@ CPointD CCephCalc::Calc_Point(int mode, char *text, void *record, unsigned short
                               unsigned short *uCount, tagUPOINT *uPoints) {
   if (!text || *text == '\0') return {};
   analysis::Program program;
-  const auto point =
-      analysis::FormulaCompiler(program, Mode{mode}, nullptr, false).compile_point(text);
+  const auto point = analysis::FormulaCompiler(program, Mode{mode}, nullptr, false).compile_point(text);
   if (!point) {
     text[0] = ' ';
     return {};

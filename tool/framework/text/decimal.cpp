@@ -46,8 +46,8 @@ bool is_too_large(std::string_view number) {
   return place + exponent > 0;
 }
 
-/// The usual number: few digits and a point. Its digits and its power of ten are doubles without error, so one
-/// division rounds it correctly. Empty for any other.
+/// The usual number: few digits and a point. Its digits and its power of ten are doubles without error, so
+/// one division rounds it correctly. Empty for any other.
 std::optional<double> short_decimal(std::string_view text) {
   constexpr std::size_t most_digits = 15;
   constexpr std::array<double, most_digits + 1> powers{1.0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
