@@ -97,7 +97,7 @@ void compile_items(Mode mode, CompiledItems &compiled) {
     if (compiled.items[i].heading) continue;
     ItemPlan &plan = compiled.plans[i];
     plan.formula = compiler.compile(formula);
-    plan.chooses = find_word(formula, "switch") != std::string_view::npos;
+    plan.chooses = compiler.may_choose() && find_word(formula, "switch") != std::string_view::npos;
     if (plan.chooses) compile_alternatives(formula, compiler, compiled, plan);
   }
 }

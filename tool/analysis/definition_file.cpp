@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "tool/framework/files/read_file.h"
+#include "tool/framework/text/ascii.h"
 #include "tool/framework/text/cp932.h"
 #include "tool/framework/text/decimal.h"
 
@@ -86,6 +87,7 @@ std::string_view cut_to(std::string_view text, std::size_t bytes) {
 
 /// The number behind the first ':'. Further ':' do not count as characters, the end of the line ends it.
 int suffix_number(std::string_view text, bool is_only_suffix) {
+  if (text.size() == 1 && framework::is_digit(text.front())) return text.front() - '0';
   if (is_only_suffix) return framework::whole_number(text);
   std::string digits;
   for (const char c : text) {

@@ -337,7 +337,9 @@ void Evaluator::norm_text(std::size_t index, NormKind which, int kind, std::stri
   const std::optional<NormLine> &line = analysis_->compiled().norm_line(index, which, patient_.sex);
   if (!line) return;
   const std::string_view field = norm_column(*line, patient_.age_code);
-  if (env::is_plainly_printed(field)) return write_norm_number(field, kind, patient_.magnification, text);
+  if (env::is_plainly_printed(field)) {
+    return write_plain_norm(field, kind, patient_.magnification, text);
+  }
   if (depth_ == 0) evaluations_ = 0;
   const Status mark = which == NormKind::mean ? running_mean : running_sd;
   if ((status_[index] & mark) != 0) {

@@ -104,8 +104,12 @@ PointNode::Kind node_kind(PointForm form) {
 
 /// NN of a variable dNN as an index into the value table.
 std::int16_t variable_index(std::string_view digits) {
-  return static_cast<std::int16_t>(
-      std::clamp(framework::whole_number(digits), 1, static_cast<int>(value_table_size)) - 1);
+  int number = 0;
+  for (const char c : digits) {
+    if (!framework::is_digit(c)) break;
+    number = std::min(number * 10 + (c - '0'), static_cast<int>(value_table_size));
+  }
+  return static_cast<std::int16_t>(std::max(number, 1) - 1);
 }
 
 Operand variable(std::int16_t index) {
@@ -208,7 +212,9 @@ Formula FormulaCompiler::compile(std::string_view text, Extent extent, std::size
   substitute_terms(end);
   if (diagnose_) look_for_faults(end);
   build_expression(end);
-  const Operand lone = reduce(expression_, 0);
+  // Most formulas are a single term, and nothing is left to reduce.
+  const bool is_single_term = terms_.size() == 1 && expression_.size() == variable_bytes && used() > base_;
+  const Operand lone = is_single_term ? Operand{} : reduce(expression_, 0);
   evaluated_end_ = end + 1;
   return finish(group, lone);
 }
@@ -249,9 +255,7 @@ Formula FormulaCompiler::finish(bool group, Operand lone) const {
 
 void FormulaCompiler::blank(std::size_t begin, std::size_t end) {
   const std::size_t stop = std::min(end, work_.size());
-  if (begin < stop)
-    std::fill(work_.begin() + static_cast<std::ptrdiff_t>(begin),
-              work_.begin() + static_cast<std::ptrdiff_t>(stop), ' ');
+  for (std::size_t at = begin; at < stop; ++at) work_[at] = ' ';
 }
 
 // Terms

@@ -38,6 +38,9 @@ class FormulaCompiler {
     return work_;
   }
 
+  /// Whether the last formula may hold a choice: its text has a ';', or more than single terms.
+  bool may_choose() const { return evaluated_end_ <= work_.size() || expression_.size() > 4; }
+
   struct Point {
     std::uint32_t node;
     std::size_t end;  ///< position behind the expression

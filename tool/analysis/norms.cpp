@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "tool/env/text.h"
 #include "tool/framework/text/ascii.h"
 #include "tool/framework/text/decimal.h"
 
@@ -62,15 +61,18 @@ void write_norm_number(std::string_view number, int kind, double magnification, 
     const auto first = number.begin() + static_cast<std::ptrdiff_t>(point) + 1;
     decimals = static_cast<std::size_t>(std::find_if_not(first, number.end(), framework::is_digit) - first);
   }
-  // At the norms' own magnification a plainly written number comes out as it is.
-  if (decimals > 0 && magnification == norm_magnification && env::is_plainly_printed(number)) {
-    text = number;
-    return;
-  }
   decimals = std::max<std::size_t>(decimals, 1);
   text = framework::fixed(framework::decimal_value(number) * (magnification / norm_magnification), 6);
   const std::size_t written_point = text.find('.');
   if (written_point != std::string::npos) text.resize(std::min(text.size(), written_point + 1 + decimals));
+}
+
+void write_plain_norm(std::string_view number, int kind, double magnification, std::string &text) {
+  const bool has_decimals = number.find('.') < number.size() - 1;
+  if (kind == 0 && !(has_decimals && magnification == norm_magnification)) {
+    return write_norm_number(number, kind, magnification, text);
+  }
+  text = number;
 }
 
 NormFormula split_norm_formula(std::string_view field) {
