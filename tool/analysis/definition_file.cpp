@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "tool/framework/files/read_file.h"
 #include "tool/framework/text/ascii.h"
@@ -64,13 +63,31 @@ constexpr char lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// Length of the line that starts at `text`: up to CR, LF, NUL or the end of the data.
-std::size_t line_length(std::string_view text) {
-  const void *cr = std::memchr(text.data(), '\r', text.size());
-  const std::size_t limit =
-      cr ? static_cast<std::size_t>(static_cast<const char *>(cr) - text.data()) : text.size();
-  const void *lf = std::memchr(text.data(), '\n', limit);
-  return lf ? static_cast<std::size_t>(static_cast<const char *>(lf) - text.data()) : limit;
+/// Where a line ends, and where the next one begins.
+struct LineEnd {
+  std::size_t end;
+  std::size_t next;
+};
+
+/// Where nothing but CR LF ends a line.
+LineEnd paired_line_end(std::string_view text, std::size_t at) {
+  const std::size_t end = std::min(text.find('\r', at), text.size());
+  return {end, end + 2};
+}
+
+/// Where a CR, an LF, both together, or a NUL byte ends a line.
+LineEnd mixed_line_end(std::string_view text, std::size_t at) {
+  constexpr std::string_view ends("\r\n\0", 3);
+  const std::size_t end = std::min(text.find_first_of(ends, at), text.size());
+  const bool both = end + 1 < text.size() && text[end] == '\r' && text[end + 1] == '\n';
+  return {end, end + (both ? 2 : 1)};
+}
+
+/// Whether the text starts out with CR LF line ends and holds no NUL byte.
+bool begins_paired(std::string_view text) {
+  const std::size_t feed = text.find('\n');
+  const bool paired = feed != std::string_view::npos && feed > 0 && text[feed - 1] == '\r';
+  return paired && text.find('\0') == std::string_view::npos;
 }
 
 /// Cuts a line at the last whole character that fits: a double-byte character is never torn apart.
@@ -121,12 +138,14 @@ KeyValue split_key_value(std::string_view line) {
 std::string_view list_field(std::string_view list, int index) {
   constexpr std::size_t max_field_bytes = 99;
   std::size_t start = 0;
-  for (int field = 0; field < index; ++field) {
-    const std::size_t comma = list.find(',', start);
-    if (comma == std::string_view::npos) break;
-    start = comma + 1;
+  std::size_t end = 0;
+  for (;; --index) {
+    end = start;
+    while (end < list.size() && list[end] != ',') ++end;
+    if (index <= 0 || end == list.size()) break;
+    start = end + 1;
   }
-  return list.substr(start, list.find(',', start) - start).substr(0, max_field_bytes);
+  return list.substr(start, std::min(end - start, max_field_bytes));
 }
 
 KindSuffix split_kind_suffix(std::string_view formula) {
@@ -142,23 +161,27 @@ KindSuffix split_kind_suffix(std::string_view formula) {
 }
 
 DefinitionFile::DefinitionFile(std::string text) : text_(std::make_unique<std::string>(std::move(text))) {
+  lines_.reserve(text_->size() / 24 + 1);
+  if (!begins_paired(*text_) || !split_lines(true)) split_lines(false);
+}
+
+/// Splits the text, `paired` at CR LF only; false when a CR turns out to stand alone.
+bool DefinitionFile::split_lines(bool paired) {
   const std::string_view all = *text_;
-  // A NUL byte ends a line as well. It never occurs in a healthy file, so it is looked for only once.
-  const bool has_nul = all.find('\0') != std::string_view::npos;
-  lines_.reserve(all.size() / 16 + 1);
+  lines_.clear();
   LineClass block = LineClass::content;
   for (std::size_t at = 0; at < all.size();) {
-    std::size_t length = line_length(all.substr(at));
-    if (has_nul) length = std::min(length, all.substr(at, length).find('\0'));
-    const std::string_view whole = all.substr(at, length);
+    const LineEnd found = paired ? paired_line_end(all, at) : mixed_line_end(all, at);
+    if (paired && found.end < all.size() && (found.next > all.size() || all[found.end + 1] != '\n'))
+      return false;
+    const std::string_view whole = all.substr(at, found.end - at);
     const std::string_view line = cut_to(whole, max_line_bytes);
     const LineClass own = classify_line(line);
     if (own != LineClass::content) block = own;
     lines_.push_back({line, own, block, at, line.size() != whole.size()});
-    at += length;
-    if (at + 1 < all.size() && all[at] == '\r' && all[at + 1] == '\n') ++at;
-    ++at;
+    at = found.next;
   }
+  return true;
 }
 
 std::optional<DefinitionFile> DefinitionFile::read(const char *path) {

@@ -1,6 +1,7 @@
 #pragma once
 // An analysis definition file, split once into classified lines. The text is code page 932; lines end at CR
-// LF (a lone LF or CR, a NUL byte and the end of the data end a line too) and are cut to 511 bytes.
+// LF and are cut to 511 bytes. In a file that does not keep to CR LF or holds a NUL byte, a lone LF, a lone
+// CR and the NUL byte end a line too.
 
 #include <memory>
 #include <optional>
@@ -89,6 +90,8 @@ class DefinitionFile {
   std::string_view comment() const;  ///< the line right after the first "Comment:"
 
  private:
+  bool split_lines(bool paired);
+
   std::unique_ptr<std::string> text_;  // its address is what the views of lines_ hold on to
   std::vector<Line> lines_;
 };

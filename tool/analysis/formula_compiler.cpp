@@ -211,10 +211,12 @@ Formula FormulaCompiler::compile(std::string_view text, Extent extent, std::size
   }
   substitute_terms(end);
   if (diagnose_) look_for_faults(end);
-  build_expression(end);
-  // Most formulas are a single term, and nothing is left to reduce.
-  const bool is_single_term = terms_.size() == 1 && expression_.size() == variable_bytes && used() > base_;
-  const Operand lone = is_single_term ? Operand{} : reduce(expression_, 0);
+  is_single_term_ = terms_.size() == 1 && covers(tokens_[terms_.front()], end);
+  Operand lone;
+  if (!is_single_term_) {
+    build_expression(end);
+    lone = reduce(expression_, 0);
+  }
   evaluated_end_ = end + 1;
   return finish(group, lone);
 }
@@ -290,6 +292,11 @@ void FormulaCompiler::substitute(Token &term) {
   blank(term.begin + variable_bytes, term.behind);
 }
 
+/// Whether an evaluated term is the whole formula, as it mostly is: then nothing is left to reduce.
+bool FormulaCompiler::covers(const Token &term, std::size_t end) {
+  return term.kind == Token::Kind::variable && term.begin == 0 && term.close >= end;
+}
+
 /// The text up to `end` with every term as its variable.
 void FormulaCompiler::build_expression(std::size_t end) {
   expression_.clear();
@@ -308,7 +315,7 @@ void FormulaCompiler::build_expression(std::size_t end) {
 /// Appends the term's instruction; the result is the end of the text that it took.
 std::size_t FormulaCompiler::append_term(Term term, std::size_t after_keyword) {
   std::size_t end = after_keyword;
-  Instruction instruction;
+  Instruction &instruction = program_.instructions.emplace_back();
   instruction.position =
       static_cast<std::uint32_t>(after_keyword - std::min(after_keyword, keyword(term).size()));
   switch (term) {
@@ -326,7 +333,6 @@ std::size_t FormulaCompiler::append_term(Term term, std::size_t after_keyword) {
       end = append_measurement(term, after_keyword, instruction);
       break;
   }
-  append(instruction);
   return end;
 }
 

@@ -39,7 +39,7 @@ class FormulaCompiler {
   }
 
   /// Whether the last formula may hold a choice: its text has a ';', or more than single terms.
-  bool may_choose() const { return evaluated_end_ <= work_.size() || expression_.size() > 4; }
+  bool may_choose() const { return evaluated_end_ <= work_.size() || !is_single_term_; }
 
   struct Point {
     std::uint32_t node;
@@ -53,6 +53,7 @@ class FormulaCompiler {
   Formula finish(bool group, Operand lone) const;
   void substitute_terms(std::size_t end);
   void substitute(Token &term);
+  static bool covers(const Token &term, std::size_t end);
   void build_expression(std::size_t end);
   std::size_t append_term(Term term, std::size_t after_keyword);
   std::size_t append_measurement(Term term, std::size_t after_keyword, Instruction &instruction);
@@ -105,6 +106,7 @@ class FormulaCompiler {
   std::size_t first_ = 0;
   std::int32_t malformed_at_ = -1;
   bool reads_ahead_ = false;
+  bool is_single_term_ = false;
 };
 
 }  // namespace analysis

@@ -71,14 +71,18 @@ TextLine read_line(std::string_view text, std::size_t most) {
 bool is_plainly_printed(std::string_view text) {
   constexpr std::size_t most_digits = 9;
   constexpr std::size_t printed_decimals = 6;
-  if (!text.empty() && text.front() == '-') text.remove_prefix(1);
-  const std::size_t whole = static_cast<std::size_t>(
-      std::find_if_not(text.begin(), text.end(), framework::is_digit) - text.begin());
-  if (whole == 0 || whole > most_digits || (text.front() == '0' && whole > 1)) return false;
-  if (whole == text.size()) return true;
-  const std::string_view decimals = text.substr(whole + 1);
-  return text[whole] == '.' && decimals.size() <= printed_decimals &&
-         std::all_of(decimals.begin(), decimals.end(), framework::is_digit);
+  const std::size_t first = !text.empty() && text.front() == '-' ? 1 : 0;
+  std::size_t at = first;
+  while (at < text.size() && framework::is_digit(text[at])) ++at;
+  const std::size_t digits = at - first;
+  if (digits == 0 || digits > most_digits || (text[first] == '0' && digits > 1)) return false;
+  if (at == text.size()) return true;
+  const std::size_t decimals = text.size() - at - 1;
+  if (text[at] != '.' || decimals > printed_decimals) return false;
+  while (++at < text.size()) {
+    if (!framework::is_digit(text[at])) return false;
+  }
+  return true;
 }
 
 bool is_number(std::string_view text) {
