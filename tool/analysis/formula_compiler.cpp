@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "tool/analysis/formula_variables.h"
 #include "tool/analysis/landmarks.h"
 #include "tool/framework/text/ascii.h"
 #include "tool/framework/text/cp932.h"
@@ -102,42 +103,6 @@ PointNode::Kind node_kind(PointForm form) {
   }
 }
 
-/// NN of a variable dNN as an index into the value table.
-std::int16_t variable_index(std::string_view digits) {
-  int number = 0;
-  for (const char c : digits) {
-    if (!framework::is_digit(c)) break;
-    number = std::min(number * 10 + (c - '0'), static_cast<int>(value_table_size));
-  }
-  return static_cast<std::int16_t>(std::max(number, 1) - 1);
-}
-
-Operand variable(std::int16_t index) {
-  return {0.0, index};
-}
-Operand number(double value) {
-  return {value, -1};
-}
-
-constexpr std::size_t variable_bytes = 3;
-
-/// The variable dNN of a table entry.
-void write_variable(std::size_t entry, char *text) {
-  text[0] = 'd';
-  text[1] = static_cast<char>('0' + entry / 10);
-  text[2] = static_cast<char>('0' + entry % 10);
-}
-
-/// A text that holds nothing but one variable or one number.
-Operand lone_operand(std::string_view text) {
-  const std::size_t begin = text.find_first_not_of(' ');
-  if (begin == npos) return {};
-  const std::string_view word = text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
-  const bool is_variable = word.front() == 'd';
-  if (word.find_first_not_of("0123456789.", is_variable ? 1 : 0) != npos) return {};
-  return is_variable ? variable(variable_index(word.substr(1))) : number(framework::decimal_value(word));
-}
-
 /// Appends a text without its runs of blanks: every reader of an expression passes over blanks.
 void append_without_blank_runs(std::string_view text, std::string &expression) {
   for (const char c : text) {
@@ -147,56 +112,6 @@ void append_without_blank_runs(std::string_view text, std::string &expression) {
       expression += ' ';
     }
   }
-}
-
-/// In which pass the operator is computed: 1 products, 2 sums, 3 comparisons; 0 for any other character.
-constexpr int operator_pass(char c) {
-  switch (c) {
-    case '*':
-    case '/':
-      return 1;
-    case '+':
-    case '-':
-      return 2;
-    case '<':
-    case '>':
-    case '=':
-      return 3;
-    default:
-      return 0;
-  }
-}
-
-std::size_t find_operator(std::string_view expression, int pass, std::size_t from) {
-  for (std::size_t at = from; at < expression.size(); ++at) {
-    if (operator_pass(expression[at]) == pass) return at;
-  }
-  return npos;
-}
-
-Operation operator_at(const std::string &expression, std::size_t at) {
-  const bool with_equal = at + 1 < expression.size() && expression[at + 1] == '=';
-  switch (expression[at]) {
-    case '*':
-      return Operation::multiply;
-    case '/':
-      return Operation::divide;
-    case '+':
-      return Operation::add;
-    case '-':
-      return Operation::subtract;
-    case '<':
-      return with_equal ? Operation::less_equal : Operation::less;
-    case '>':
-      return with_equal ? Operation::greater_equal : Operation::greater;
-    default:
-      return Operation::equal;
-  }
-}
-
-std::size_t operator_length(const std::string &expression, std::size_t at) {
-  return operator_pass(expression[at]) == 3 && at + 1 < expression.size() && expression[at + 1] == '=' ? 2
-                                                                                                       : 1;
 }
 
 }  // namespace
@@ -466,130 +381,6 @@ FormulaCompiler::Point FormulaCompiler::construction(const Token &token, int dep
   }
   program_.points.push_back(node);
   return {last_point(), std::min(close + 1, work_.size())};
-}
-
-// Arithmetic
-// ----------------------------------------------------------------------------------------------------
-
-/// Reduces the expression to its value: a variable when anything was computed, else what stands there alone.
-Operand FormulaCompiler::reduce(std::string &expression, int depth) {
-  const std::size_t before = used();
-  unsigned passes = 0;
-  bool may_choose = false;
-  for (const char c : expression) {
-    passes |= 1U << operator_pass(c);
-    may_choose |= c == 's';
-  }
-  for (const int pass : {1, 2, 3}) {
-    if ((passes >> pass & 1U) != 0) reduce_operators(expression, pass, depth);
-  }
-  if (may_choose) reduce_choice(expression);
-  if (used() > before) return variable(static_cast<std::int16_t>(used() - 1));
-  return lone_operand(expression);
-}
-
-void FormulaCompiler::reduce_operators(std::string &expression, int pass, int depth) {
-  std::size_t at = 0;
-  while (!full() && (at = find_operator(expression, pass, at)) != npos) {
-    Instruction instruction;
-    instruction.operation = operator_at(expression, at);
-    const Side left = left_operand(expression, at, depth);
-    const Side right = right_operand(expression, at + operator_length(expression, at), depth);
-    if (full()) return;  // the groups of the operands used up the table
-    instruction.left = read(left.operand);
-    instruction.right = read(right.operand);
-    append(instruction);
-    // Commas survive, so that the arguments of a choice stay apart.
-    std::string replacement(variable_bytes, ' ');
-    write_variable(used(), replacement.data());
-    for (std::size_t i = left.edge; i < right.edge; ++i) {
-      if (expression[i] == ',') replacement += ',';
-    }
-    expression.replace(left.edge, right.edge - left.edge, replacement);
-    at = left.edge;
-  }
-}
-
-FormulaCompiler::Side FormulaCompiler::left_operand(const std::string &expression, std::size_t at,
-                                                    int depth) {
-  std::string written;
-  std::size_t begin = at;
-  std::size_t walk = at;
-  for (; walk > 0; --walk) {
-    const char c = expression[walk - 1];
-    if (c == ' ') continue;
-    if (!framework::is_digit(c) && c != '.') break;
-    written.insert(written.begin(), c);
-    begin = walk - 1;
-  }
-  const char stop = walk > 0 ? expression[walk - 1] : '\0';
-  if (stop == 'd') return {variable(variable_index(written)), walk - 1};
-  if (stop == ')') {
-    const std::size_t open = expression.rfind('(', walk - 1);
-    if (open != npos) {
-      const std::size_t close = expression.find(')', open);
-      return {group_operand(expression.substr(open + 1, close - open - 1), depth), open};
-    }
-  }
-  return {number(framework::decimal_value(written)), begin};
-}
-
-FormulaCompiler::Side FormulaCompiler::right_operand(const std::string &expression, std::size_t at,
-                                                     int depth) {
-  std::size_t end = at;
-  while (end < expression.size() &&
-         (framework::is_digit(expression[end]) || expression[end] == '.' || expression[end] == ' ')) {
-    ++end;
-  }
-  const char stop = end < expression.size() ? expression[end] : '\0';
-  if (stop == 'd') {
-    return {variable(variable_index(std::string_view(expression).substr(end + 1, 2))),
-            std::min(end + 3, expression.size())};
-  }
-  if (stop == '(') {
-    const std::size_t close = std::min(expression.find(')', end), expression.size());
-    return {group_operand(expression.substr(end + 1, close - end - 1), depth),
-            std::min(close + 1, expression.size())};
-  }
-  return {number(framework::decimal_value(std::string_view(expression).substr(at, end - at))), end};
-}
-
-Operand FormulaCompiler::group_operand(std::string group, int depth) {
-  // Every group below another one appends an entry of its own, so deeper nesting could never be evaluated.
-  if (depth >= static_cast<int>(max_values)) return {};
-  return reduce(group, depth + 1);
-}
-
-void FormulaCompiler::reduce_choice(const std::string &expression) {
-  const std::size_t word = find_word(expression, "switch");
-  if (word == npos || full()) return;
-  Instruction instruction;
-  instruction.operation = Operation::choose;
-  instruction.choices = {static_cast<std::uint32_t>(program_.operands.size()), 0};
-  const std::size_t open = expression.find('(', word);
-  int depth = 0;
-  std::size_t begin = open + 1;
-  for (std::size_t at = open; open != npos && at <= expression.size(); ++at) {
-    const char c = at < expression.size() ? expression[at] : ')';
-    if (c == '(') ++depth;
-    if (c == ')' && at < expression.size()) --depth;
-    const bool closes = depth == 0 || at == expression.size();
-    if (!closes && !(c == ',' && depth == 1)) continue;
-    const std::string_view argument = std::string_view(expression).substr(begin, at - begin);
-    const std::size_t text = argument.find_first_not_of(' ');
-    if (text == npos) {
-      if (!closes || instruction.choices.count > 0)
-        program_.operands.push_back(number(0.0)), ++instruction.choices.count;
-    } else {
-      const bool is_variable = argument[text] == 'd';
-      program_.operands.push_back(read(is_variable ? variable(variable_index(argument.substr(text + 1, 2)))
-                                                   : number(framework::whole_number(argument.substr(text)))));
-      ++instruction.choices.count;
-    }
-    if (closes) break;
-    begin = at + 1;
-  }
-  append(instruction);
 }
 
 // Faults
