@@ -29,6 +29,9 @@ struct PointNode {
     effective_a,
     missing,  ///< an argument that was not written: (0, 0)
   };
+  // Written out: an implicit one would clear the whole node before it sets the members.
+  PointNode() noexcept {}
+
   Kind kind = Kind::missing;
   std::int16_t landmark = -1;
   std::array<std::uint32_t, 4> arguments{};
@@ -67,6 +70,8 @@ struct Operand {
 };
 
 struct Instruction {
+  Instruction() noexcept {}  // as for PointNode
+
   Operation operation = Operation::nothing;
   std::int8_t precision = -1;    ///< angle3 and angle4: the digit; -1: full precision
   std::uint8_t point_count = 0;  ///< points that the term needs

@@ -68,10 +68,9 @@ void write_norm_number(std::string_view number, int kind, double magnification, 
 }
 
 void write_plain_norm(std::string_view number, int kind, double magnification, std::string &text) {
-  const bool has_decimals = number.find('.') < number.size() - 1;
-  if (kind == 0 && !(has_decimals && magnification == norm_magnification)) {
-    return write_norm_number(number, kind, magnification, text);
-  }
+  const bool is_written_as_it_is =
+      kind != 0 || (magnification == norm_magnification && number.find('.') < number.size() - 1);
+  if (!is_written_as_it_is) return write_norm_number(number, kind, magnification, text);
   text = number;
 }
 
