@@ -120,7 +120,8 @@ class Sentences {
   void flush() {
     if (pending_.empty()) return;
     std::string_view rest = pending_;
-    for (std::size_t marker; (marker = rest.find(row_marker)) != std::string_view::npos;) {
+    for (std::size_t marker = rest.find(row_marker); marker != std::string_view::npos;
+         marker = rest.find(row_marker)) {
       rows_.emplace_back(rest.substr(0, marker));
       rest.remove_prefix(marker + row_marker.size());
     }

@@ -45,7 +45,7 @@ class Evaluator {
   double run(const Program &program, const Formula &formula, ValueTable &values);
   /// The same on a fresh table.
   double run(const Program &program, const Formula &formula);
-  CPointD point(const Program &program, std::uint32_t node);
+  CPointD point(const Program &program, std::uint32_t index);
 
   ItemOutcome item(std::size_t index);
   /// Writes the norm as it stands in the file, lengths scaled by the magnification; leaves `text` alone when

@@ -30,7 +30,7 @@ struct PointNode {
     missing,  ///< an argument that was not written: (0, 0)
   };
   // Written out: an implicit one would clear the whole node before it sets the members.
-  PointNode() noexcept {}
+  PointNode() noexcept {}  // NOLINT(modernize-use-equals-default)
 
   Kind kind = Kind::missing;
   std::int16_t landmark = -1;
@@ -70,7 +70,7 @@ struct Operand {
 };
 
 struct Instruction {
-  Instruction() noexcept {}  // as for PointNode
+  Instruction() noexcept {}  // NOLINT(modernize-use-equals-default): as for PointNode
 
   Operation operation = Operation::nothing;
   std::int8_t precision = -1;    ///< angle3 and angle4: the digit; -1: full precision

@@ -75,7 +75,7 @@ class LandmarkIndex {
   };
 
   constexpr std::size_t place(std::uint64_t letters) const {
-    std::size_t at = static_cast<std::size_t>(letters * 0x9E3779B97F4A7C15u >> 56);
+    auto at = static_cast<std::size_t>(letters * 0x9E3779B97F4A7C15u >> 56);
     while (slots_[at].letters != 0 && slots_[at].letters != letters) at = (at + 1) % size;
     return at;
   }

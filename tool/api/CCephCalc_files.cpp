@@ -35,7 +35,7 @@ CString CCephCalc::GetComment(int mode, int index) {
   return file ? CString(file->comment()) : CString();
 }
 
-CString CCephCalc::Get_NumStr(char *list, int index) {
+CString CCephCalc::Get_NumStr(char *list, int index) {  // NOLINT(readability-non-const-parameter): published
   return list ? CString(analysis::list_field(list, index)) : CString();
 }
 

@@ -31,7 +31,7 @@ std::optional<Analysis> load(int mode, int file_index) {
 /// Evaluated text is blank for the caller from now on.
 void consume(char *text, FormulaCompiler &compiler) {
   const std::string &consumed = compiler.consumed_text();
-  std::memcpy(text, consumed.data(), consumed.size());
+  std::copy(consumed.begin(), consumed.end(), text);
 }
 
 std::optional<Term> measurement_term(unsigned int kind) {
