@@ -96,6 +96,7 @@ TEST(DefinitionFile, TakesListFields) {
 TEST(DefinitionFile, EndsLinesAtEveryKindOfLineEnd) {
   for (const std::string &text :
        {std::string("title:\r\nA\r\nCalc:\r\nx=1"), std::string("title:\nA\nCalc:\nx=1\n"),
+        std::string("title:\r\nA\nCalc:\r\nx=1\r\n"), std::string("title:\r\nA\rCalc:\r\nx=1\r"),
         std::string("title:\0A\0Calc:\0x=1", 18)}) {
     const DefinitionFile file(text);
     ASSERT_EQ(file.lines().size(), 4U);

@@ -83,11 +83,20 @@ LineEnd mixed_line_end(std::string_view text, std::size_t at) {
   return {end, end + (both ? 2 : 1)};
 }
 
-/// Whether the text starts out with CR LF line ends and holds no NUL byte.
-bool begins_paired(std::string_view text) {
-  const std::size_t feed = text.find('\n');
-  const bool paired = feed != std::string_view::npos && feed > 0 && text[feed - 1] == '\r';
-  return paired && text.find('\0') == std::string_view::npos;
+/// Whether an LF stands without a CR before it. One pass without branches: every file pays for it.
+bool has_lone_feed(std::string_view text) {
+  if (text.empty()) return false;
+  unsigned char lone = text.front() == '\n';
+  for (std::size_t at = 1; at < text.size(); ++at) {
+    lone |= static_cast<unsigned char>(static_cast<unsigned char>(text[at] == '\n') &
+                                       static_cast<unsigned char>(text[at - 1] != '\r'));
+  }
+  return lone != 0;
+}
+
+/// Whether CR LF ends every line, as long as each CR turns out to stand before an LF.
+bool may_be_paired(std::string_view text) {
+  return text.find('\0') == std::string_view::npos && !has_lone_feed(text);
 }
 
 /// Cuts a line at the last whole character that fits: a double-byte character is never torn apart.
@@ -162,7 +171,7 @@ KindSuffix split_kind_suffix(std::string_view formula) {
 
 DefinitionFile::DefinitionFile(std::string text) : text_(std::make_unique<std::string>(std::move(text))) {
   lines_.reserve(text_->size() / 24 + 1);
-  if (!begins_paired(*text_) || !split_lines(true)) split_lines(false);
+  if (!may_be_paired(*text_) || !split_lines(true)) split_lines(false);
 }
 
 /// Splits the text, `paired` at CR LF only; false when a CR turns out to stand alone.
