@@ -33,7 +33,7 @@ class Worker {
         if (!first_fault) first_fault = fault;
       }
     }
-    if (!any) throw *first_fault;
+    if (!any) throw CommandError(*first_fault);
   }
 
   /// Makes the lines CSV rows under this header.

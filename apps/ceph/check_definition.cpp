@@ -148,7 +148,7 @@ class DefinitionCheck {
   }
 
   FormulaLine norm_field(std::size_t index, std::string_view field, bool one_of_several) {
-    const FormulaLine plain{index, field, {}};
+    FormulaLine plain{index, field, {}};
     if (trim(field).empty()) {
       source_.report_at(index, field, Severity::warning, "an empty norm counts as 0");
       return plain;
@@ -191,7 +191,7 @@ class DefinitionCheck {
     for (const ItemLine &item : items_) texts.push_back(item.text);
     const std::set<std::string_view> known(texts.begin(), texts.end());
     for (const NormLine &norm : norms_) {
-      if (known.count(norm.item) != 0) continue;
+      if (known.contains(norm.item)) continue;
       source_.report(
           norm.line, 0, Severity::error,
           "item " + show(norm.item) + " is not in this file" + source_.did_you_mean(norm.item, texts));
@@ -262,7 +262,7 @@ void check_point(Source &source, std::size_t line, std::string_view name, const 
   constexpr std::size_t max_user_name_bytes = 5;
   const auto landmarks = analysis::vocabulary(vocabulary.kind);
   if (std::find(landmarks.begin(), landmarks.end(), name) != landmarks.end()) return;
-  if (vocabulary.user_points.count(name) != 0) return;
+  if (vocabulary.user_points.contains(name)) return;
   if (name.size() > max_user_name_bytes)
     return source.report_at(line, name, Severity::error,
                             "point " + show(name) +

@@ -195,7 +195,7 @@ class FolderCheck {
 
   void unlisted() {
     for (const std::string &name : names_) {
-      if (!is_text_file(name) || folded(name) == "list.txt" || examined_.count(folded(name)) != 0) continue;
+      if (!is_text_file(name) || folded(name) == "list.txt" || examined_.contains(folded(name))) continue;
       const DefinitionSummary summary = examine(name, false);
       const bool linked_norms = rule_.kind == RecordKind::model && summary.has_norms && !summary.has_items;
       if (!linked_norms)

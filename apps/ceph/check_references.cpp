@@ -102,8 +102,8 @@ class ReferenceCheck {
 
   void missing_norm(const FormulaLine &line, std::string_view place, bool wanted,
                     const std::set<std::string_view> (&norms)[2], const char *name) {
-    const bool male = norms[0].count(place) != 0;
-    const bool female = norms[1].count(place) != 0;
+    const bool male = norms[0].contains(place);
+    const bool female = norms[1].contains(place);
     if (!wanted || (male && female)) return;
     const char *whom = male ? " for females" : female ? " for males" : "";
     source_.report_at(line.line, place, Severity::warning,

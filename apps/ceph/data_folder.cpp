@@ -99,6 +99,7 @@ std::optional<std::size_t> position_of(const std::vector<LoadedAnalysis> &all, s
 [[noreturn]] void not_found(analysis::Mode mode, std::string_view wanted,
                             const std::vector<LoadedAnalysis> &all) {
   std::vector<std::string_view> titles;
+  titles.reserve(all.size());
   for (const LoadedAnalysis &one : all) titles.push_back(one.title);
   const std::string right =
       as_index(wanted) ? "0 to " + std::to_string(all.back().index) : suggest(wanted, titles);

@@ -83,20 +83,16 @@ LineEnd mixed_line_end(std::string_view text, std::size_t at) {
   return {end, end + (both ? 2 : 1)};
 }
 
-/// Whether an LF stands without a CR before it. One pass without branches: every file pays for it.
-bool has_lone_feed(std::string_view text) {
-  if (text.empty()) return false;
-  unsigned char lone = text.front() == '\n';
-  for (std::size_t at = 1; at < text.size(); ++at) {
-    lone |= static_cast<unsigned char>(static_cast<unsigned char>(text[at] == '\n') &
-                                       static_cast<unsigned char>(text[at - 1] != '\r'));
-  }
-  return lone != 0;
-}
-
-/// Whether CR LF ends every line, as long as each CR turns out to stand before an LF.
+/// Whether CR LF ends every line, as long as each CR turns out to stand before an LF: no LF stands alone, and
+/// there is no NUL byte. One pass without branches, because every file pays for it.
 bool may_be_paired(std::string_view text) {
-  return text.find('\0') == std::string_view::npos && !has_lone_feed(text);
+  const auto is = [](char c, char wanted) { return static_cast<unsigned char>(c == wanted); };
+  unsigned char odd = text.empty() ? 0 : is(text.front(), '\n') | is(text.front(), '\0');
+  for (std::size_t at = 1; at < text.size(); ++at) {
+    const auto lone = static_cast<unsigned char>(is(text[at], '\n') & (is(text[at - 1], '\r') ^ 1U));
+    odd |= static_cast<unsigned char>(lone | is(text[at], '\0'));
+  }
+  return odd == 0;
 }
 
 /// Cuts a line at the last whole character that fits: a double-byte character is never torn apart.
