@@ -1,6 +1,6 @@
 #pragma once
-// An analysis definition file, split once into classified lines. The text is code page 932; lines end at CR LF
-// (a lone LF or CR, a NUL byte and the end of the data end a line too) and are cut to 511 bytes.
+// An analysis definition file, split once into classified lines. The text is code page 932; lines end at CR
+// LF (a lone LF or CR, a NUL byte and the end of the data end a line too) and are cut to 511 bytes.
 
 #include <memory>
 #include <optional>
