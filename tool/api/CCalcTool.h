@@ -16,7 +16,7 @@
 
 class CCalcTool {
  public:
-  CCalcTool &operator=(const CCalcTool &) { return *this; }
+  CCalcTool &operator=(const CCalcTool &) = default;
 
   // Distances -------------------------------------------------------------------------------------
 

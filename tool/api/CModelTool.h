@@ -9,9 +9,9 @@
 
 class CModelTool {
  public:
-  CModelTool() {}
-  ~CModelTool() {}
-  CModelTool &operator=(const CModelTool &) { return *this; }
+  CModelTool() = default;
+  ~CModelTool() = default;
+  CModelTool &operator=(const CModelTool &) = default;
 
   // Curves ----------------------------------------------------------------------------------------
 
