@@ -54,7 +54,7 @@ std::string with_crlf(const std::string &text) {
 }  // namespace
 
 std::vector<tagPOINTLAT> generated_films(std::size_t count) {
-  std::printf("films generated from seed %u\n", film_seed);
+  std::fprintf(stderr, "films generated from seed %u\n", film_seed);
   std::mt19937 random(film_seed);
   std::uniform_int_distribution<int> spread(-80, 80);
   std::vector<tagPOINTLAT> films(count);
