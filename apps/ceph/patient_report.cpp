@@ -85,9 +85,9 @@ std::vector<Fact> PatientContext::stage_facts(const analysis::DefinitionFile &fi
 
 std::vector<std::string> PatientContext::notes() const {
   std::vector<std::string> all;
-  if (!sex_) all.push_back("the sex is not stated; the norms are those of males (--sex)");
+  if (!sex_) all.emplace_back("the sex is not stated; the norms are those of males (--sex)");
   if (!growth_.age && !age_code_)
-    all.push_back("the age is not stated; where norms change with age they are those of adults (--age)");
+    all.emplace_back("the age is not stated; where norms change with age they are those of adults (--age)");
   return all;
 }
 

@@ -449,8 +449,8 @@ void read_points(TracingFile &file, const Node &root) {
 void check_members(const Node &root, analysis::RecordKind kind) {
   std::vector<std::string_view> known{"kind",    "id",   "film",        "scale",          "magnification",
                                       "patient", "note", "user_points", "virtual_points", "$schema"};
-  known.push_back(kind == analysis::RecordKind::model ? "cast" : "landmarks");
-  if (kind == analysis::RecordKind::lateral) known.push_back("vertebrae");
+  known.emplace_back(kind == analysis::RecordKind::model ? "cast" : "landmarks");
+  if (kind == analysis::RecordKind::lateral) known.emplace_back("vertebrae");
   root.expect_members(known);
 }
 

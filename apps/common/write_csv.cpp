@@ -18,7 +18,7 @@ std::vector<std::string> titles(const Table &table) {
   std::vector<std::string> all;
   for (const Column &column : table.columns)
     if (is_data(column)) all.push_back(column.key);
-  all.push_back("reason");
+  all.emplace_back("reason");
   return all;
 }
 

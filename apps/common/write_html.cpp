@@ -96,7 +96,7 @@ bool shown(const Column &column) {
   return column.audience != Audience::data;
 }
 
-std::string class_attribute(std::string classes) {
+std::string class_attribute(const std::string &classes) {
   return classes.empty() ? std::string() : " class=\"" + classes + '"';
 }
 

@@ -111,8 +111,9 @@ class CCephCalc {
 
   // Fixed catalogues
   // -----------------------------------------------------------------------------------------
-  /// One of the 148 fixed lateral measurements; `flag` receives 1 for the catalogue's angle flag.
-  static double Lat_Calc(tagPOINTLAT *rec, int analysis, int item, int *flag);
+  /// One of the 148 fixed lateral measurements: an item of analysis `number`; `flag` receives 1 for the
+  /// catalogue's angle flag.
+  static double Lat_Calc(tagPOINTLAT *rec, int number, int item, int *flag);
   /// Completes PTV, Gl, Me(s), Pog(s) and Vmi where they are not placed.
   static void Check_LatPoint(tagPOINTLAT *rec);
   static double Calc_PA(tagPOINTPA *rec, int item);
