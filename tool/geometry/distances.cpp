@@ -19,6 +19,7 @@ double projected_length(CPointD a, CPointD b, CPointD p, CPointD q, double scale
   // Compared byte by byte, so that two feet that are both not a number count as one.
   const double from_bytes[2] = {from.x, from.y};
   const double to_bytes[2] = {to.x, to.y};
+  // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison,cert-exp42-c,cert-flp37-c)
   if (std::memcmp(from_bytes, to_bytes, sizeof from_bytes) == 0) return 0.0;
   const double projected = length(from, to, scale);
   if (!with_sign) return projected;

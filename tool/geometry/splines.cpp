@@ -100,6 +100,7 @@ std::vector<CPointD> kept_points(ControlPoints points, CurveEnds ends) {
   const bool walked = points.count() > 2;
   // What comes before the first chord: an open curve's start, or both ends of a closed curve's span 0.
   const int leading = !walked ? points.count() : ends == CurveEnds::closed ? 2 : 1;
+  kept.reserve(static_cast<std::size_t>(points.count()));
   for (int i = 0; i < leading; ++i) kept.push_back(points[i]);
   CurveWalk walk(points, StepFloor::none, ends);
   while (const auto chord = walk.next()) kept.push_back(chord->to);

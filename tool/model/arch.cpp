@@ -14,6 +14,7 @@ double position_of_second_point(const tagDPOINT *arch, double limit, double scal
   double nearest = limit;
   double nearest_position = 0.0;
   double position = 0.0;
+  // The position is a published sum of steps. NOLINTNEXTLINE(cert-flp30-c)
   for (int steps = 0; position < limit && steps < most_steps; ++steps, position += step) {
     const auto point = arc.at(position);
     if (!point) break;  // behind the end of the arch nothing comes nearer
