@@ -76,7 +76,7 @@ void DiagnosisCheck::sentence(std::size_t line) {
   pending_ = ends_with(text, markers_known[1]);
   if (separator != std::string_view::npos) return rule(line, text, separator);
   if (text.size() > max_plain_bytes)
-    source_.report(line, max_plain_bytes, Severity::warning,
+    source_.report(line, max_plain_bytes, Severity::error,
                    "only the first 50 bytes of a plain line are shown");
   markers(line, text, true);
 }
@@ -93,7 +93,7 @@ void DiagnosisCheck::rule(std::size_t line, std::string_view text, std::size_t s
     reported_missing_parameters_ = !seen_parameters_;
   }
   if (fields.size() != field_count)
-    source_.report(line, separator + 1, fields.size() < field_count ? Severity::error : Severity::warning,
+    source_.report(line, separator + 1, Severity::error,
                    std::to_string(fields.size()) + " fields; a diagnosis line has " +
                        std::to_string(field_count) + ": name;low;middle;high;tail");
   if (const std::size_t at = find_conversion(rest); at != std::string_view::npos)
@@ -127,9 +127,7 @@ void DiagnosisCheck::finish() {
     if (i + 1 >= lines.size() || lines[i + 1].own != LineClass::content || trim(lines[i + 1].text).empty())
       source_.report(i, 0, Severity::error, "the parameters must stand on the line right after \"Param:\"");
   }
-  if (pending_)
-    source_.report(last_sentence_, 0, Severity::warning,
-                   "ends in [NEXT] but no line follows: the text is not shown");
+  if (pending_) source_.report(last_sentence_, 0, Severity::warning, "ends in [NEXT] but no line follows");
 }
 
 }  // namespace app::check

@@ -35,7 +35,7 @@ class DisplayCheck {
   void run() {
     source_.check_bytes();
     if (trim(source_.file().title()).empty())
-      source_.report_file(Severity::warning, "the file has no title; the setting is left out of the list");
+      source_.report_file(Severity::error, "the file has no title; the setting is left out of the list");
     for (std::size_t i = 0; i < source_.lines().size() && !ended_; ++i) {
       const std::string_view text = source_.lines()[i].text;
       if (std::find(sections.begin(), sections.end(), text) != sections.end())
@@ -98,7 +98,7 @@ class DisplayCheck {
                         show(value) + " is no size: a whole number is expected");
     if (*known == "Line" && folded(value) != "bold" && edit_distance(value, "bold") == 1)
       source_.report_at(index, value, Severity::warning,
-                        show(value) + " means a normal line; did you mean \"BOLD\"?");
+                        show(value) + " means a normal line; did you mean \"bold\"?");
     if (*known == "Decimal" && value != "0" && value != "1" && value != "2" && value != "0.5")
       source_.report_at(index, value, Severity::warning,
                         show(value) + " means two decimals; write 0, 1, 2 or 0.5");

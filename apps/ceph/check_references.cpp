@@ -106,7 +106,7 @@ class ReferenceCheck {
     const bool female = norms[1].contains(place);
     if (!wanted || (male && female)) return;
     const char *whom = male ? " for females" : female ? " for males" : "";
-    source_.report_at(line.line, place, Severity::warning,
+    source_.report_at(line.line, place, Severity::error,
                       "item " + show(place) + " has no " + name + whom + "; it counts 0");
   }
 

@@ -93,8 +93,8 @@ const BadRow bad_rows[] = {
     {"len(AngleBisector([A],[N],[B],2.5),[S])", 30, warning, "fractional"},
     {"len(EffectiveA(),[A])", 4, error, "lateral", RecordKind::frontal},
     {"Model([UCAW])", 0, error, "casts"},
-    {"Model([XX])", 5, error, "no cast measurement", RecordKind::model},
-    {"ModelRL([U9])", 7, error, "no cast measurement", RecordKind::model},
+    {"Model([XX])", 6, error, "no cast measurement", RecordKind::model},
+    {"ModelRL([U9])", 8, error, "no cast measurement", RecordKind::model},
     // Arithmetic
     {"len([S],[N]) len([A],[B])", 13, error, "ends before"},
     {"len([S],[N])?", 12, error, "ends before"},
@@ -104,7 +104,7 @@ const BadRow bad_rows[] = {
     {"[S]+1", 0, error, "a point stands"},
     {"\"SNA\"+1", 0, error, "a text stands"},
     {"1.2.3+1", 0, error, "not a number"},
-    {"5", 0, warning, "counts as 0"},
+    {"5", 0, error, "counts as 0"},
     {"d00+1", 0, error, "from d01"},
     {"d05+len([S],[N])", 0, warning, "never set"},
     {"((len([S],[N])+1)*2)/3", 1, warning, "inside a group"},
@@ -125,7 +125,7 @@ const BadRow bad_rows[] = {
     {"switch(1>2);1+1;lenn(", 16, error, "did you mean \"len\"?"},
     {"len([S],[N]);3", 12, warning, "only a switch"},
     // Endings by place
-    {"case(\"A\")*2", 10, error, "separator", RecordKind::lateral, FormulaPlace::norm},
+    {"case(\"A\")*2", 9, error, "separator", RecordKind::lateral, FormulaPlace::norm},
     {"x", 0, error, "neither", RecordKind::lateral, FormulaPlace::norm},
     {"case(\"A\"):1", 9, error, "ends before", RecordKind::lateral, FormulaPlace::diagnosis},
 };
