@@ -80,7 +80,16 @@ class RecordingDevice : public DrawingDevice {
   bool end_document() override;
 
  private:
-  struct Entry;  // places in the pools below, so that recording does not allocate call by call
+  // Places in the pools below, so that recording does not allocate call by call; -1: none.
+  struct Entry {
+    Kind kind;
+    bool ignored;
+    std::uint32_t first_point, point_count;
+    std::uint32_t first_byte, byte_count;
+    std::int32_t paint, clip, font;
+    COLORREF color;
+    DWORD operation;
+  };
   std::vector<Entry> entries_;
   std::vector<POINT> points_;
   std::vector<Paint> paints_;
