@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <cmath>
 #include <memory>
+#include <optional>
 
 #include "apps/ceph/commands.h"
 #include "apps/ceph/data_folder.h"
@@ -47,15 +48,23 @@ Fact bone_age_fact(const tagCVBA &vertebrae, const PatientContext &context) {
   return {"bone_age", "Bone age", analysis::format_value(years, 1) + " years", years};
 }
 
-int run(const TracingOptions &options) {
+struct CatalogueOptions : TracingOptions {
+  std::optional<int> nf_to_fh;  ///< as the profile value "NFtoFH"
+};
+
+int run(const CatalogueOptions &options) {
   const TracingFile file = options.read();
+  if (options.nf_to_fh && !file.lateral())
+    throw CommandError(
+        ExitCode::usage,
+        options.path + ": is not a lateral film; --nf-to-fh; only lateral films have that angle");
   const PatientContext context(file, options.patient);
   Report report;
   report.facts = context.facts();
   if (const tagPOINTLAT *lateral = file.lateral()) {
     report.title = "Fixed lateral measurements";
     int group = 0;
-    for (const auto &values : lateral_values(*lateral))
+    for (const auto &values : lateral_values(*lateral, options.nf_to_fh.value_or(1) != 0))
       report.tables.push_back(
           values_table(values, "Group " + std::to_string(group++), options.precision.code()));
   } else if (const tagPOINTPA *frontal = file.frontal()) {
@@ -79,8 +88,13 @@ int run(const TracingOptions &options) {
 void add_catalogue_command(CLI::App &program, int &exit_code) {
   CLI::App *command = program.add_subcommand(
       "catalogue", "The 148 fixed lateral or 18 frontal measurements, and the bone age");
-  const auto options = std::make_shared<TracingOptions>();
+  const auto options = std::make_shared<CatalogueOptions>();
   command->add_option("TRACING", options->path, "JSON or CSV tracing; - reads standard input")->required();
+  command
+      ->add_option("--nf-to-fh", options->nf_to_fh,
+                   "sign of the two angles between nasal floor (ANS-PNS) and Frankfort plane (Or-Po): 1 "
+                   "negates them (default), 0 leaves them as measured")
+      ->check(CLI::IsMember({0, 1}));
   options->add_rest_to(*command);
   command->callback([options, &exit_code] { exit_code = run(*options); });
 }

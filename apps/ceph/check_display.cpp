@@ -18,10 +18,7 @@ constexpr std::array<std::string_view, 4> sections{"Point:", "SuppLine:", "Point
 constexpr std::array<std::string_view, 5> settings{"Color", "Line", "Decimal", "Pos", "Size"};
 
 std::string folded(std::string_view text) {
-  std::string result(trim(text));
-  for (char &c : result)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return result;
+  return lower_case(trim(text));
 }
 
 bool is_whole_number(std::string_view text) {

@@ -7,8 +7,10 @@
 #include <map>
 #include <optional>
 
+#include "apps/ceph/check_coefficients.h"
 #include "apps/ceph/check_definition.h"
 #include "apps/ceph/check_display.h"
+#include "apps/ceph/check_files.h"
 #include "apps/common/names.h"
 #include "tool/framework/files/file_system.h"
 #include "tool/framework/text/cp932.h"
@@ -17,8 +19,6 @@ namespace app::check {
 namespace {
 
 using analysis::RecordKind;
-
-constexpr std::uint64_t max_file_bytes = std::uint64_t{16} << 20;
 
 enum class Role { definitions, displays, surgery };
 
@@ -39,46 +39,18 @@ constexpr std::array<FolderRule, 8> folder_rules{{
     {"CalcMode_Model", Role::displays, RecordKind::model, ""},
 }};
 
-/// Definition folders come from disks that do not tell letter case apart.
-std::string folded(std::string_view name) {
-  std::string result(name);
-  for (char &c : result)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return result;
-}
-
 bool is_text_file(std::string_view name) {
-  const std::string small = folded(name);
+  const std::string small = lower_case(name);
   return small.size() > 4 && small.compare(small.size() - 4, 4, ".txt") == 0;
 }
 
-std::optional<std::string> find_name(const std::vector<std::string> &names, std::string_view wanted) {
-  const auto exact = std::find(names.begin(), names.end(), wanted);
-  if (exact != names.end()) return *exact;
-  const auto near =
-      std::find_if(names.begin(), names.end(),
-                   [&, small = folded(wanted)](const std::string &n) { return folded(n) == small; });
-  return near == names.end() ? std::nullopt : std::optional(*near);
-}
-
-struct FileText {
-  std::string text;
-  std::string fault;  // why it cannot be examined; empty: it can
-};
-
-FileText read_file(const std::string &path) {
-  framework::FileSystem &disk = framework::file_system();
-  const framework::OpenFile file(path.c_str(), {.read = true});
-  if (!file) return {{}, std::string("the file cannot be opened: ") + std::strerror(errno)};
-  const auto status = disk.status(file.handle());
-  if (!status) return {{}, std::string("the file cannot be read: ") + std::strerror(errno)};
-  if (!status->is_regular) return {{}, "this is not a file"};
-  if (status->size > max_file_bytes) return {{}, "the file is larger than 16 MiB and was not examined"};
-  std::string text(static_cast<std::size_t>(status->size), '\0');
-  const auto got = framework::read_fully(file.handle(), text.data(), text.size());
-  if (got < 0) return {{}, std::string("the file cannot be read: ") + std::strerror(errno)};
-  text.resize(static_cast<std::size_t>(got));
-  return {std::move(text), {}};
+/// Reads a file; reports the one that cannot be read.
+std::optional<Source> open_source(const std::string &path, std::string shown, FolderReport &report) {
+  ++report.files;
+  FileText file = read_file(path);
+  if (file.fault.empty()) return Source(std::move(shown), std::move(file.text), report.findings);
+  report.findings.push_back({std::move(shown), 0, 0, Severity::error, std::move(file.fault)});
+  return std::nullopt;
 }
 
 class FolderCheck {
@@ -114,13 +86,8 @@ class FolderCheck {
     report_.findings.push_back({file, 0, 0, severity, std::move(message)});
   }
 
-  /// Reads a file of the folder; reports the one that cannot be read.
   std::optional<Source> open(const std::string &name) {
-    ++report_.files;
-    FileText file = read_file(path_ + "/" + name);
-    if (file.fault.empty()) return Source(shown(name), std::move(file.text), report_.findings);
-    finding(shown(name), file.fault);
-    return std::nullopt;
+    return open_source(path_ + "/" + name, shown(name), report_);
   }
 
   void surgery() {
@@ -136,7 +103,7 @@ class FolderCheck {
     if (!name)
       finding(shown(std::string(rule_.direct_file)),
               "the file is missing: the built-in lateral analysis has no norms", Severity::warning);
-    else if (examined_.emplace(folded(*name), 0).second)
+    else if (examined_.emplace(lower_case(*name), 0).second)
       examine(*name, false);
   }
 
@@ -172,7 +139,7 @@ class FolderCheck {
     const std::string wanted = framework::utf8_for_display(file);
     const auto name = find_name(names_, wanted);
     if (!name) return missing(source, line, file);
-    const auto [first, fresh] = examined_.emplace(folded(*name), line + 1);
+    const auto [first, fresh] = examined_.emplace(lower_case(*name), line + 1);
     if (fresh)
       examine(*name, true);
     else
@@ -186,7 +153,7 @@ class FolderCheck {
                               show(file) + " has blanks around the name of a file");
     std::vector<std::string_view> candidates;
     for (const std::string &name : names_)
-      if (folded(name) != "list.txt") candidates.push_back(name);
+      if (lower_case(name) != "list.txt") candidates.push_back(name);
     const auto near = nearest_name(framework::utf8_for_display(file), candidates);
     source.report_at(
         line, file, Severity::error,
@@ -195,7 +162,8 @@ class FolderCheck {
 
   void unlisted() {
     for (const std::string &name : names_) {
-      if (!is_text_file(name) || folded(name) == "list.txt" || examined_.contains(folded(name))) continue;
+      if (!is_text_file(name) || lower_case(name) == "list.txt" || examined_.contains(lower_case(name)))
+        continue;
       const DefinitionSummary summary = examine(name, false);
       const bool linked_norms = rule_.kind == RecordKind::model && summary.has_norms && !summary.has_items;
       if (!linked_norms)
@@ -236,7 +204,7 @@ void sort_by_line(std::vector<Finding> &findings) {
 
 const FolderRule *rule_for(std::string_view folder_name) {
   const auto found = std::find_if(folder_rules.begin(), folder_rules.end(), [&](const FolderRule &rule) {
-    return folded(rule.name) == folded(folder_name);
+    return lower_case(rule.name) == lower_case(folder_name);
   });
   return found == folder_rules.end() ? nullptr : &*found;
 }
@@ -266,6 +234,8 @@ FolderReport check_folder(const std::string &path, const CheckOptions &options) 
       if (name) FolderCheck(path + "/" + *name, *name, folder, options, report).run();
     }
     if (find_name(*names, "list.txt")) FolderCheck(path, "", own_definitions, options, report).run();
+    if (const auto name = find_name(*names, "cvba.dat"))
+      if (auto source = open_source(path + "/" + *name, *name, report)) check_coefficients(*source);
   }
   sort_by_line(report.findings);
   return report;

@@ -17,12 +17,10 @@ constexpr std::array<std::string_view, 37> keywords{
     "SD_F2:",  "Calc1:",    "Stage1:",   "Stage_M1:",    "Stage_F1:",   "Mean1:",   "Mean_M1:", "Mean_F1:",
     "SD1:",    "SD_M1:",    "SD_F1:",    "Stage_Type1:", "Stage_Type2:"};
 
+/// Small letters without blanks.
 std::string folded(std::string_view text) {
-  std::string result;
-  for (const char c : text) {
-    if (c == ' ' || c == '\t') continue;
-    result += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  }
+  std::string result = lower_case(text);
+  std::erase_if(result, [](char c) { return c == ' ' || c == '\t'; });
   return result;
 }
 

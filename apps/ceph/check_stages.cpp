@@ -6,6 +6,7 @@
 #include <set>
 #include <utility>
 
+#include "apps/common/names.h"
 #include "tool/analysis/stages.h"
 #include "tool/framework/text/decimal.h"
 
@@ -68,10 +69,7 @@ class StageCheck {
                             "the next line must say \"Age\" or name the dental stages");
     const std::string_view kind = lines[kind_line_].text;
     chronological_ = kind == "Age";
-    std::string small(trim(kind));
-    for (char &c : small)
-      if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    if (!chronological_ && small == "age")
+    if (!chronological_ && lower_case(trim(kind)) == "age")
       source_.report(kind_line_, 0, Severity::error,
                      show(kind) + " makes the ranges dental stages; \"Age\" is written exactly so");
   }

@@ -68,13 +68,6 @@ std::vector<LoadedAnalysis> load_all(analysis::Mode mode) {
   return all;
 }
 
-std::string folded(std::string_view text) {
-  std::string lower(text);
-  for (char &c : lower)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return lower;
-}
-
 std::optional<int> as_index(std::string_view text) {
   int value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -86,11 +79,11 @@ std::optional<int> as_index(std::string_view text) {
 /// letter case does not count.
 std::optional<std::size_t> position_of(const std::vector<LoadedAnalysis> &all, std::string_view wanted) {
   const std::optional<int> index = as_index(wanted);
-  const std::string text = folded(wanted);
+  const std::string text = lower_case(wanted);
   std::vector<std::size_t> holding;
   for (std::size_t i = 0; i < all.size(); ++i) {
-    if (index ? all[i].index == *index : folded(all[i].title) == text) return i;
-    if (!index && folded(all[i].title).find(text) != std::string::npos) holding.push_back(i);
+    if (index ? all[i].index == *index : lower_case(all[i].title) == text) return i;
+    if (!index && lower_case(all[i].title).find(text) != std::string::npos) holding.push_back(i);
   }
   if (holding.size() != 1) return std::nullopt;
   return holding.front();

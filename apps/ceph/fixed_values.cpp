@@ -15,9 +15,7 @@ namespace {
 using analysis::first_landmark_entry;
 using Values = std::vector<double>;
 
-constexpr bool negate_ans_pns = true;  // what the application does unless its profile says otherwise
-
-std::vector<Values> lateral_numbers(tagPOINTLAT record) {
+std::vector<Values> lateral_numbers(tagPOINTLAT record, bool negate_ans_pns) {
   analysis::complete_soft_tissue(record);
   std::vector<Values> groups;
   for (int group = 0; group < 9; ++group) {
@@ -28,9 +26,10 @@ std::vector<Values> lateral_numbers(tagPOINTLAT record) {
   return groups;
 }
 
+/// For finding out what depends on what; signs do not matter.
 Values flat_lateral_numbers(const tagPOINTLAT &record) {
   Values all;
-  for (const Values &group : lateral_numbers(record)) all.insert(all.end(), group.begin(), group.end());
+  for (const Values &group : lateral_numbers(record, true)) all.insert(all.end(), group.begin(), group.end());
   return all;
 }
 
@@ -101,8 +100,8 @@ std::string text(const char *name) {
 
 }  // namespace
 
-std::vector<std::vector<FixedValue>> lateral_values(const tagPOINTLAT &record) {
-  const auto numbers = lateral_numbers(record);
+std::vector<std::vector<FixedValue>> lateral_values(const tagPOINTLAT &record, bool negate_ans_pns) {
+  const auto numbers = lateral_numbers(record, negate_ans_pns);
   const auto reasons = missing_landmarks(record, analysis::lateral_landmarks, flat_lateral_numbers);
   std::vector<std::vector<FixedValue>> groups;
   std::size_t flat = 0;

@@ -18,8 +18,8 @@ struct FixedValue {
   std::string reason;  ///< UTF-8; empty: the value stands
 };
 
-/// The nine groups of lateral measurements.
-std::vector<std::vector<FixedValue>> lateral_values(const tagPOINTLAT &record);
+/// The nine groups of lateral measurements. `negate_ans_pns` as analysis::lateral_catalogue takes it.
+std::vector<std::vector<FixedValue>> lateral_values(const tagPOINTLAT &record, bool negate_ans_pns);
 std::vector<FixedValue> frontal_values(const tagPOINTPA &record);
 
 }  // namespace app

@@ -3,12 +3,10 @@
 #include <algorithm>
 #include <vector>
 
+#include "tool/framework/text/ascii.h"
+
 namespace app {
 namespace {
-
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 /// Bytes of the well-formed UTF-8 character at the start of `text`; 0 when it is broken or a control
 /// character.
@@ -32,16 +30,22 @@ std::size_t printable_character(std::string_view text) {
 
 }  // namespace
 
+std::string lower_case(std::string_view text) {
+  std::string result(text);
+  std::transform(result.begin(), result.end(), result.begin(), framework::lower);
+  return result;
+}
+
 std::size_t edit_distance(std::string_view a, std::string_view b) {
   std::vector<std::size_t> before(b.size() + 1), last(b.size() + 1), now(b.size() + 1);
   for (std::size_t j = 0; j <= b.size(); ++j) last[j] = j;
   for (std::size_t i = 1; i <= a.size(); ++i) {
     now[0] = i;
     for (std::size_t j = 1; j <= b.size(); ++j) {
-      const bool same = lower(a[i - 1]) == lower(b[j - 1]);
+      const bool same = framework::lower(a[i - 1]) == framework::lower(b[j - 1]);
       now[j] = std::min({last[j] + 1, now[j - 1] + 1, last[j - 1] + (same ? 0U : 1U)});
-      const bool swapped =
-          i > 1 && j > 1 && lower(a[i - 1]) == lower(b[j - 2]) && lower(a[i - 2]) == lower(b[j - 1]);
+      const bool swapped = i > 1 && j > 1 && framework::lower(a[i - 1]) == framework::lower(b[j - 2]) &&
+                           framework::lower(a[i - 2]) == framework::lower(b[j - 1]);
       if (swapped) now[j] = std::min(now[j], before[j - 2] + 1);
     }
     std::swap(before, last);

@@ -8,6 +8,9 @@
 
 namespace app {
 
+/// ASCII letters made small.
+std::string lower_case(std::string_view text);
+
 /// Inserted, dropped, changed and swapped neighbouring letters between two words; letter case ignored.
 std::size_t edit_distance(std::string_view a, std::string_view b);
 

@@ -240,6 +240,22 @@ TEST(CephCatalogue, NamesTheLandmarksThatAreMissing) {
   EXPECT_EQ(second[7]["reason"], "not placed: B");  // ANB
 }
 
+TEST(CephCatalogue, TurnsTheNasalFloorAngleRound) {
+  const auto values = [](const char *nf_to_fh) {
+    return json_of(
+        run_ceph({"catalogue", sample("adult.json"), "--format", "json", "--nf-to-fh", nf_to_fh}))["groups"];
+  };
+  const json negated = values("1"), measured = values("0");
+  for (std::size_t group = 0; group < negated.size(); ++group)
+    for (std::size_t item = 0; item < negated[group]["rows"].size(); ++item) {
+      const bool turned = (group == 1 && item == 10) || (group == 3 && item == 1);
+      const auto value = [&](const json &all) { return all[group]["rows"][item]["value"].get<double>(); };
+      EXPECT_EQ(value(measured), turned ? -value(negated) : value(negated)) << group << '.' << item;
+    }
+  EXPECT_NE(negated[1]["rows"][10]["value"], 0.0);
+  EXPECT_EQ(run_ceph({"catalogue", sample("frontal.json"), "--nf-to-fh", "0"}).exit_code, 2);
+}
+
 TEST(CephCatalogue, ComputesTheBoneAge) {
   // d1 / l1 = 0.5, d2 / l2 = 0.8, d2 / d3 = 1 give 0.82 + 6.585 + 5.01 years for boys without a coefficient
   // file

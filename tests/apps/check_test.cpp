@@ -69,13 +69,13 @@ TEST_P(CheckBroken, ReportsEveryFaultAndNothingElse) {
 
 INSTANTIATE_TEST_SUITE_P(Folders, CheckBroken,
                          testing::Values("lists", "bytes", "keywords", "items", "norms", "stages",
-                                         "diagnosis", "displays", "cast"),
+                                         "diagnosis", "displays", "cast", "coefficients"),
                          [](const auto &row) { return std::string(row.param); });
 
 TEST(Check, AHealthyFolderIsClean) {
   const ProgramOutcome outcome = run_ceph({"check", fixture("healthy")});
   EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.err, "14 files: 0 errors, 0 warnings\n");
+  EXPECT_EQ(outcome.err, "15 files: 0 errors, 0 warnings\n");
   EXPECT_EQ(outcome.exit_code, 0);
 }
 
