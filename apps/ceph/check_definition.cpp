@@ -10,6 +10,7 @@
 #include "apps/ceph/check_references.h"
 #include "apps/ceph/check_stages.h"
 #include "apps/common/names.h"
+#include "tool/analysis/formula_scanner.h"
 #include "tool/analysis/landmarks.h"
 #include "tool/env/text.h"
 #include "tool/framework/text/decimal.h"
@@ -98,7 +99,8 @@ class DefinitionCheck {
     entry.text = line.text.substr(0, separator);
     entry.listed = line.block == LineClass::calc;
     if (separator == std::string_view::npos) {
-      if (line.text.find('[') != std::string_view::npos && line.text.find('(') != std::string_view::npos)
+      if (analysis::find_character(line.text, '[', 0) != std::string_view::npos &&
+          line.text.find('(') != std::string_view::npos)
         source_.report(index, 0, Severity::warning,
                        "without \"=\" this line is a heading; it looks like a formula");
     } else {

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "tool/analysis/formula_scanner.h"
 #include "tool/framework/text/decimal.h"
 
 namespace app::check {
@@ -103,8 +104,9 @@ void DiagnosisCheck::rule(std::size_t line, std::string_view text, std::size_t s
 }
 
 void DiagnosisCheck::markers(std::size_t line, std::string_view text, bool last) {
-  for (std::size_t at = text.find('['); at != std::string_view::npos; at = text.find('[', at + 1)) {
-    const std::size_t end = text.find(']', at);
+  for (std::size_t at = analysis::find_character(text, '[', 0); at != std::string_view::npos;
+       at = analysis::find_character(text, '[', at + 1)) {
+    const std::size_t end = analysis::find_character(text, ']', at);
     if (end == std::string_view::npos) return;
     const std::string_view marker = text.substr(at, end + 1 - at);
     const bool known = std::find(markers_known.begin(), markers_known.end(), marker) != markers_known.end();

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "apps/common/names.h"
+#include "tool/analysis/formula_scanner.h"
 
 namespace app::check {
 namespace {
@@ -69,7 +70,7 @@ class DisplayCheck {
   void supplementary(std::size_t index, std::string_view text) {
     if (text.front() == '=') return label(index, text.substr(1));
     const std::size_t separator = text.find('=');
-    if (separator != std::string_view::npos && text.find('[') > separator)
+    if (separator != std::string_view::npos && analysis::find_character(text, '[', 0) > separator)
       return setting(index, text.substr(0, separator), text.substr(separator + 1));
     segment(index, text);
   }
@@ -134,8 +135,9 @@ class DisplayCheck {
   }
 
   static std::string_view bracketed(std::string_view text, std::size_t from) {
-    const std::size_t open = text.find('[', from);
-    const std::size_t close = open == std::string_view::npos ? open : text.find(']', open);
+    const std::size_t open = analysis::find_character(text, '[', from);
+    const std::size_t close =
+        open == std::string_view::npos ? open : analysis::find_character(text, ']', open);
     return close == std::string_view::npos ? std::string_view() : text.substr(open + 1, close - open - 1);
   }
   static std::size_t end_of(std::string_view text, std::string_view part) {

@@ -2,6 +2,7 @@
 
 #include "apps/ceph/check_source.h"
 #include "apps/common/names.h"
+#include "tool/analysis/formula_scanner.h"
 
 namespace app::check {
 namespace {
@@ -38,7 +39,7 @@ std::size_t PointReader::points() {
 void PointReader::named_point() {
   const std::size_t open = scanner_.position();
   const std::string_view text = scanner_.rest();
-  const std::size_t end = text.find(']');
+  const std::size_t end = analysis::find_character(text, ']', 0);
   if (end == std::string_view::npos) return scanner_.fail_at(open, "this '[' is never closed");
   const std::string_view name = text.substr(1, end - 1);
   const auto problem = [&](std::string message) {
@@ -46,7 +47,8 @@ void PointReader::named_point() {
   };
   if (name.empty())
     problem("the point has no name");
-  else if (name.find_first_of("[,") != std::string_view::npos)
+  else if (name.find(',') != std::string_view::npos ||
+           analysis::find_character(name, '[', 0) != std::string_view::npos)
     problem(show(name) + " is no point name; a ']' seems to be missing");
   else if (name.size() > max_name_bytes)
     problem("a point name holds at most 99 bytes");

@@ -73,9 +73,9 @@ INSTANTIATE_TEST_SUITE_P(Folders, CheckBroken,
                          [](const auto &row) { return std::string(row.param); });
 
 TEST(Check, AHealthyFolderIsClean) {
-  const ProgramOutcome outcome = run_ceph({"check", fixture("healthy")});
+  const ProgramOutcome outcome = run_ceph({"check", fixture("healthy"), "--user-point", "ゾー"});
   EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.err, "15 files: 0 errors, 0 warnings\n");
+  EXPECT_EQ(outcome.err, "16 files: 0 errors, 0 warnings\n");
   EXPECT_EQ(outcome.exit_code, 0);
 }
 
