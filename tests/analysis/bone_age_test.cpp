@@ -61,8 +61,7 @@ TEST(BoneAge, TakesSingleCoefficientsFromTheFile) {
       {"one key", "[CVB_AGE]\r\nPARAM_M1=10\r\n", 10.0, 0.82, 6.2},
       {"not a number", "[CVB_AGE]\r\nPARAM_M1=abc\r\n", 0.0, 0.82, 6.2},
       {"another section", "[OTHER]\r\nPARAM_M1=10\r\n", 13.17, 0.82, 6.2},
-      {"all at once", "[CVB_AGE]\r\nPARAM_M0=-1.5\r\nPARAM_M1=2.25\r\nPARAM_F1=3e1\r\n", 2.25, -1.5, 30.0},
-  };
+      {"all at once", "[CVB_AGE]\r\nPARAM_M0=-1.5\r\nPARAM_M1=2.25\r\nPARAM_F1=3e1\r\n", 2.25, -1.5, 30.0}};
   const std::string path = folder.path() + "/cvba.dat";
   for (const Row &row : rows) {
     std::ofstream(path, std::ios::binary) << row.text;

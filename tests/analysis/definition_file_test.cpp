@@ -11,43 +11,41 @@ TEST(DefinitionFile, ClassifiesKeywordsThatStandAlone) {
   const struct {
     const char *line;
     int line_class;
-  } rows[] = {
-      {"title:", 1},
-      {"Calc:", 2},
-      {"CALC:", 2},
-      {"calc1:", 2},
-      {"Stage:", 3},
-      {"Stage_M1:", 4},
-      {"Stage_F:", 5},
-      {"Mean:", 6},
-      {"Mean_M1:", 7},
-      {"mean_f:", 8},
-      {"SD1:", 9},
-      {"SD_M:", 10},
-      {"SD_F1:", 11},
-      {"Stage_Type:", 12},
-      {"STAGE_TYPE1:", 12},
-      {"Comment:", 13},
-      {"Diag:", 14},
-      {"Param:", 15},
-      {"Calc2:", 102},
-      {"Stage2:", 103},
-      {"Stage_M2:", 104},
-      {"Stage_F2:", 105},
-      {"Mean2:", 106},
-      {"Mean_M2:", 107},
-      {"Mean_F2:", 108},
-      {"SD2:", 109},
-      {"SD_M2:", 110},
-      {"SD_F2:", 111},
-      {"Stage_Type2:", 112},
-      {"Calc: ", 0},
-      {" Calc:", 0},
-      {"Calc", 0},
-      {"", 0},
-      {"Calc3:", 0},
-      {"SNA=angle1([S],[N],[A]):", 0},
-  };
+  } rows[] = {{"title:", 1},
+              {"Calc:", 2},
+              {"CALC:", 2},
+              {"calc1:", 2},
+              {"Stage:", 3},
+              {"Stage_M1:", 4},
+              {"Stage_F:", 5},
+              {"Mean:", 6},
+              {"Mean_M1:", 7},
+              {"mean_f:", 8},
+              {"SD1:", 9},
+              {"SD_M:", 10},
+              {"SD_F1:", 11},
+              {"Stage_Type:", 12},
+              {"STAGE_TYPE1:", 12},
+              {"Comment:", 13},
+              {"Diag:", 14},
+              {"Param:", 15},
+              {"Calc2:", 102},
+              {"Stage2:", 103},
+              {"Stage_M2:", 104},
+              {"Stage_F2:", 105},
+              {"Mean2:", 106},
+              {"Mean_M2:", 107},
+              {"Mean_F2:", 108},
+              {"SD2:", 109},
+              {"SD_M2:", 110},
+              {"SD_F2:", 111},
+              {"Stage_Type2:", 112},
+              {"Calc: ", 0},
+              {" Calc:", 0},
+              {"Calc", 0},
+              {"", 0},
+              {"Calc3:", 0},
+              {"SNA=angle1([S],[N],[A]):", 0}};
   for (const auto &row : rows) EXPECT_EQ(CCephCalc::Str_Check(row.line), row.line_class) << row.line;
 }
 
@@ -57,21 +55,19 @@ TEST(DefinitionFile, ReadsKindSuffixes) {
     const char *rest;
     int kind;
     int flag;
-  } rows[] = {
-      {"len([S],[N]):4", "len([S],[N])", 1, 0},
-      {"len([S],[N])", "len([S],[N])", 0, 1},
-      {"x:0", "x", 0, 1},
-      {"x:2", "x", 2, 1},
-      {"x:3", "x", 0, 0},
-      {"x:9", "x", 0, 0},
-      {"x:10", "x", 0, 3},
-      {"x:12", "x", 2, 3},
-      {"x:13", "x", 0, 2},
-      {"x:14", "x", 1, 2},
-      {"x:", "x", 0, 1},
-      // every character after the first ':' but the ':' themselves counts, and the last ':' cuts
-      {"x:1:1", "x:1", 1, 3},
-  };
+  } rows[] = {{"len([S],[N]):4", "len([S],[N])", 1, 0},
+              {"len([S],[N])", "len([S],[N])", 0, 1},
+              {"x:0", "x", 0, 1},
+              {"x:2", "x", 2, 1},
+              {"x:3", "x", 0, 0},
+              {"x:9", "x", 0, 0},
+              {"x:10", "x", 0, 3},
+              {"x:12", "x", 2, 3},
+              {"x:13", "x", 0, 2},
+              {"x:14", "x", 1, 2},
+              {"x:", "x", 0, 1},
+              // every character after the first ':' but the ':' themselves counts, and the last ':' cuts
+              {"x:1:1", "x:1", 1, 3}};
   for (const auto &row : rows) {
     char text[64] = {};
     std::string(row.formula).copy(text, sizeof text - 1);
@@ -128,23 +124,19 @@ TEST(DefinitionFolder, NamesTheFileOfEveryMode) {
   for (const char *name : {"CalcForm", "CalcForm_PA", "CalcForm_Model", "CalcForm_Diag", "."}) {
     folder.write(std::string(name) + "/list.txt", "\nfirst.txt\n\n\nsecond.txt\n");
   }
-  const struct {
+  struct Row {
     int mode;
     int index;
     std::string expected;
-  } rows[] = {
-      {0, 0, folder.path() + "CalcForm/first.txt"},
-      {0, 1, folder.path() + "CalcForm/second.txt"},
-      {0, 2, ""},
-      {0, -1, folder.path() + "CalcForm\\Ricketts.txt"},
-      {1, 1, folder.path() + "CalcForm_PA/second.txt"},
-      {1, -1, ""},
-      {2, 0, folder.path() + "CalcForm_Model/first.txt"},
-      {10, 0, folder.path() + "CalcForm_Diag/first.txt"},
-      {11, 0, folder.path() + "first.txt"},
-      {20, 7, folder.path() + "CalcForm_Surg\\Surgery.txt"},
   };
-  for (const auto &row : rows) EXPECT_EQ(CCephCalc::FormFile(row.mode, row.index), row.expected.c_str());
+  for (const Row &row :
+       {Row{0, 0, folder.path() + "CalcForm/first.txt"}, Row{0, 1, folder.path() + "CalcForm/second.txt"},
+        Row{0, 2, ""}, Row{0, -1, folder.path() + "CalcForm\\Ricketts.txt"},
+        Row{1, 1, folder.path() + "CalcForm_PA/second.txt"}, Row{1, -1, ""},
+        Row{2, 0, folder.path() + "CalcForm_Model/first.txt"},
+        Row{10, 0, folder.path() + "CalcForm_Diag/first.txt"}, Row{11, 0, folder.path() + "first.txt"},
+        Row{20, 7, folder.path() + "CalcForm_Surg\\Surgery.txt"}})
+    EXPECT_EQ(CCephCalc::FormFile(row.mode, row.index), row.expected.c_str());
 }
 
 TEST(DefinitionFolder, AnswersEmptyWithoutAList) {

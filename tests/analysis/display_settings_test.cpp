@@ -28,11 +28,9 @@ TEST(DisplaySettings, DrawLinesInTheCurrentState) {
     const char *setting;
     COLORREF color;
     std::int32_t weight;
-  } rows[] = {
-      {"", 0, 102},          {"Color=255,2,3", 0x0302FF, 102}, {"color=1,2,300", 0x2C0201, 102},
-      {"Color=1,2", 0, 102}, {"COLOR=1,2,3", 0, 102},          {"Line=bold", 0, 102},
-      {"line=thin", 0, 101}, {"Color=x,,-1", 0xFF0000, 102},
-  };
+  } rows[] = {{"", 0, 102},          {"Color=255,2,3", 0x0302FF, 102}, {"color=1,2,300", 0x2C0201, 102},
+              {"Color=1,2", 0, 102}, {"COLOR=1,2,3", 0, 102},          {"Line=bold", 0, 102},
+              {"line=thin", 0, 101}, {"Color=x,,-1", 0xFF0000, 102}};
   for (const auto &row : rows) {
     const auto settings = parse(std::string("SuppLine:\n") + row.setting + "\nx[Pog(R)longer]y[N]z\n");
     ASSERT_EQ(settings.segments.size(), 1U) << row.setting;
@@ -46,12 +44,10 @@ TEST(DisplaySettings, PackLabels) {
   const struct {
     const char *lines;
     const char *label;
-  } rows[] = {
-      {"Color=255,0,0\nDecimal=1\nPos=Top\n=len([S],[N])\n", "2550000001TopSIZE=15CALC=len([S],[N])"},
-      {"=x\n", "0000000000SIZE=15CALC=x"},
-      {"decimal=0.5\nsize=9\n=x\n", "0000000009SIZE=9CALC=x"},
-      {"Decimal=0.50\n=x\n", "0000000002SIZE=15CALC=x"},
-  };
+  } rows[] = {{"Color=255,0,0\nDecimal=1\nPos=Top\n=len([S],[N])\n", "2550000001TopSIZE=15CALC=len([S],[N])"},
+              {"=x\n", "0000000000SIZE=15CALC=x"},
+              {"decimal=0.5\nsize=9\n=x\n", "0000000009SIZE=9CALC=x"},
+              {"Decimal=0.50\n=x\n", "0000000002SIZE=15CALC=x"}};
   for (const auto &row : rows) {
     EXPECT_EQ(parse(std::string("SuppLine:\n") + row.lines).labels, std::vector<std::string>{row.label});
   }

@@ -35,71 +35,45 @@ TEST(Norms, PickBlockSexAndColumn) {
     int age_code;
     int which;
     const char *expected;
-  } rows[] = {
-      {"m", 1, 0, 0, "1"},    {"m", 1, 203, 0, "4"},  {"m", 1, 99, 0, "4"}, {"m", 2, 1, 0, "12"},
-      {"m", 0, 1, 0, "12"},   {"s", 1, 203, 0, "23"}, {"s", 1, 3, 0, "21"}, {"m", 1, 0, 1, "5"},
-      {"both", 1, 0, 0, "8"}, {"both", 2, 0, 0, "7"}, {"x", 1, 0, 0, ""},   {"lost", 1, 0, 0, ""},
-      {"M", 1, 0, 0, ""},
-  };
-  for (const auto &row : rows) {
+  } rows[] = {{"m", 1, 0, 0, "1"},    {"m", 1, 203, 0, "4"},  {"m", 1, 99, 0, "4"}, {"m", 2, 1, 0, "12"},
+              {"m", 0, 1, 0, "12"},   {"s", 1, 203, 0, "23"}, {"s", 1, 3, 0, "21"}, {"m", 1, 0, 1, "5"},
+              {"both", 1, 0, 0, "8"}, {"both", 2, 0, 0, "7"}, {"x", 1, 0, 0, ""},   {"lost", 1, 0, 0, ""},
+              {"M", 1, 0, 0, ""}};
+  for (const auto &row : rows)
     EXPECT_STREQ(lookup.text(row.item, 1, row.sex, row.age_code, 1.1, row.which), row.expected)
         << row.item << row.sex;
-  }
 }
 
-TEST(Norms, ScaleLengthsAndCutThemToTheirDecimals) {
-  Lookup lookup{support::crlf("Mean:\na=110.0\nb=110\nc=82.0\nd=10.55\ne=-39.6\nf=0.1234567\ng=7.\n")};
-  const struct {
-    const char *item;
-    int kind;
-    double magnification;
-    const char *expected;
-  } rows[] = {
-      {"a", 0, 1.0, "100.0"}, {"b", 0, 1.0, "100.0"}, {"c", 1, 1.0, "82.0"},
-      {"c", 2, 1.0, "82.0"},  {"a", 0, 1.1, "110.0"}, {"d", 0, 1.0, "9.59"},  // 9.590909 cut
-      {"e", 0, 1.0, "-36.0"}, {"e", 0, 1.2, "-43.2"}, {"f", 0, 1.1, "0.123457"},
-      {"g", 0, 1.1, "7.0"},   {"b", 1, 1.0, "110"},
-  };
-  for (const auto &row : rows) {
-    EXPECT_STREQ(lookup.text(row.item, row.kind, 1, 0, row.magnification), row.expected) << row.item;
-  }
-}
-
-TEST(Norms, EvaluateFormulasWithTheirDecimals) {
+TEST(Norms, AreScaledAndCutToTheirDecimals) {
   const support::AnalysisItemFolder folder;
   folder.write_lateral("Calc:\nref=len([S],[N])\nMean:\nref=11.0\n");
-  Lookup lookup{
-      support::crlf("Mean:\na=case(\"ref\")*0.5|1\nb=case(\"ref\")/3|0\nc=len([S],[N])*2|1\n"
-                    "d=case(\"ref\")+1|2\ne=mean(\"ref\")+1|1\nf=case(\"ref\")x\n")};
+  // Formulas keep the decimals behind '|'; the list is cut at every comma, also inside a formula (k); inside
+  // a norm formula the magnification is that of the norms (n: 11.0, not 10.0).
+  Lookup lookup{support::crlf(
+      "Mean:\na=110.0\nb=110\nc=82.0\nd=10.55\ne=-39.6\nf=0.1234567\ng=7.\nh=case(\"ref\")*0.5|1\n"
+      "i=case(\"ref\")/3|0\nk=len([S],[N])*2|1\nm=case(\"ref\")+1|2\nn=mean(\"ref\")+1|1\no=case(\"ref\")x\n"
+      "p=(1+9)/4|1\nq=3*2.5/3|1\n")};
   const struct {
     const char *item;
     int kind;
     double magnification;
     const char *expected;
-  } rows[] = {
-      {"a", 1, 1.0, "5.0"},
-      {"b", 1, 1.0, "3"},
-      {"c", 1, 1.0, "0"},  // the list is cut at every comma, also inside a formula
-      {"d", 1, 1.0, "11.00"},
-      // inside a norm formula the magnification is that of the norms: 11.0, not 10.0
-      {"e", 1, 1.0, "12.0"},
-      {"a", 0, 1.0, "4.5"},  // 5.0 x 1.0 / 1.1 = 4.545
-      {"f", 1, 1.0, "10"},   // without a separator and a digit: whole numbers
-  };
-  for (const auto &row : rows) {
+  } rows[] = {{"a", 0, 1.0, "100.0"}, {"b", 0, 1.0, "100.0"}, {"c", 1, 1.0, "82.0"},
+              {"c", 2, 1.0, "82.0"},  {"a", 0, 1.1, "110.0"}, {"d", 0, 1.0, "9.59"},  // 9.590909 cut
+              {"e", 0, 1.0, "-36.0"}, {"e", 0, 1.2, "-43.2"}, {"f", 0, 1.1, "0.123457"},
+              {"g", 0, 1.1, "7.0"},   {"b", 1, 1.0, "110"},   {"h", 1, 1.0, "5.0"},
+              {"h", 0, 1.0, "4.5"},  // 5.0 x 1.0 / 1.1 = 4.545
+              {"i", 1, 1.0, "3"},     {"k", 1, 1.0, "0"},     {"m", 1, 1.0, "11.00"},
+              {"n", 1, 1.0, "12.0"},  {"o", 1, 1.0, "10"}};
+  for (const auto &row : rows)
     EXPECT_STREQ(lookup.text(row.item, row.kind, 1, 0, row.magnification), row.expected) << row.item;
-  }
-}
-
-TEST(Norms, ReadAsNumbers) {
-  Lookup lookup{support::crlf("Mean:\na=110.0\nb=(1+9)/4|1\nc=3*2.5/3|1\n")};
+  // "(1+9)..." and "3*2.5..." do not come after "0.0..." and "3.0..." in byte order: they count as numbers.
   const struct {
     const char *item;
     int found;
     double value;
-  } rows[] = {{"a", 1, 100.0}, {"b", 1, 0.0}, {"c", 1, 2.7}, {"gone", 0, 0.0}};
-  // "(1+9)..." and "3*2.5..." do not come after "0.0..." and "3.0..." in byte order: they count as numbers.
-  for (const auto &row : rows) {
+  } numbers[] = {{"a", 1, 100.0}, {"p", 1, 0.0}, {"q", 1, 2.7}, {"gone", 0, 0.0}};
+  for (const auto &row : numbers) {
     double out = -1;
     EXPECT_EQ(lookup.number(&out, row.item, 0), row.found) << row.item;
     EXPECT_DOUBLE_EQ(out, row.value) << row.item;
@@ -186,19 +160,22 @@ TEST(Stages, FillTheStageList) {
       "Stage:\na=0-5\nb=5-\nStage2:\nc=0-3\nCalc:\nd=3-9\nStage_M2:\ne=9-\nStage_F2:\nf=0-1\n");
   CComboBox combo;
   combo.AddString("old");
-  EXPECT_EQ(CCephCalc::SetStageList(0, &combo, 0, 1, 7, 0, 1, nullptr), 2);
-  EXPECT_EQ(combo.GetCount(), 2);
-  EXPECT_EQ(combo.GetCurSel(), 1);
-  EXPECT_EQ(CCephCalc::SetStageList(0, &combo, 0, 1, 7, 0, 1, "a"), 2);
-  EXPECT_EQ(combo.GetCurSel(), 0);
-  // in the second set the keyword "Calc:" is just another stage line
-  EXPECT_EQ(CCephCalc::SetStageList(0, &combo, 0, 1, 20, 0, 2, "zz"), 4);
-  EXPECT_EQ(combo.GetCurSel(), 3);
-  CString text;
-  combo.GetLBText(1, text);
-  EXPECT_STREQ(text, "Calc:");
-  EXPECT_EQ(CCephCalc::SetStageList(0, &combo, 5, 1, 20, 0, 1, nullptr), 0);
-  EXPECT_EQ(combo.GetCount(), 0);
+  struct Row {
+    int file, set;
+    double age;
+    const char *chosen;
+    int count, selected;
+    const char *second;
+  };
+  for (const Row &row : {Row{0, 1, 7, nullptr, 2, 1, "b"}, Row{0, 1, 7, "a", 2, 0, "b"},
+                         Row{0, 2, 20, "zz", 4, 3, "Calc:"}, Row{5, 1, 20, nullptr, 0, -1, ""}}) {
+    EXPECT_EQ(CCephCalc::SetStageList(0, &combo, row.file, 1, row.age, 0, row.set, row.chosen), row.count);
+    EXPECT_EQ(combo.GetCount(), row.count);
+    EXPECT_EQ(combo.GetCurSel(), row.selected);
+    CString text;
+    if (row.count > 1) combo.GetLBText(1, text);
+    EXPECT_STREQ(text, row.second) << "in the second set \"Calc:\" is a stage line like others";
+  }
 }
 
 TEST(LateralNormFile, GivesStageAndParameters) {

@@ -3,26 +3,16 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/analysis_item_folder.h"
+#include "tests/support/exported_calls.h"
 #include "tests/support/tracings.h"
-#include "tool/tool.h"
+
+using support::Rows;
 
 namespace {
 
 tagPOINTLAT scene() {
   return support::lateral_record(
       0.1, {{"S", {100, 100}}, {"N", {200, 100}}, {"A", {200, 200}}, {"B", {100, 200}}, {"Me", {220, 1200}}});
-}
-
-std::vector<std::string> column_texts(const CListCtrl &list, int row, int columns) {
-  std::vector<std::string> texts;
-  for (int column = 0; column < columns; ++column)
-    texts.emplace_back(list.GetItemText(row, column).GetString());
-  return texts;
-}
-
-void fill(CListCtrl &list, void *record, int mode = 0, int precision = 1, double magnification = 1.1) {
-  CCephCalc::User_Calc(mode, &list, record, 0, nullptr, nullptr, nullptr, nullptr, 1, 1, magnification,
-                       precision);
 }
 
 }  // namespace
@@ -32,11 +22,9 @@ TEST(ValueFormat, BringsToTheNearestHalf) {
     double value;
     int precision;
     const char *text;
-  } rows[] = {
-      {-2.3, 9, "-2.5"},  {-2.2, 9, "-2.0"},  {2.25, 9, "2.5"},         {2.75, 9, "3.0"},
-      {2.7, 9, "2.5"},    {0.1, 9, "0.0"},    {1.005, 2, "1.00"},       {-1.26, 1, "-1.3"},
-      {-1.26, 0, "-1.3"}, {81.25, 1, "81.2"}, {1e9, 1, "1000000000.0"},
-  };
+  } rows[] = {{-2.3, 9, "-2.5"},  {-2.2, 9, "-2.0"},  {2.25, 9, "2.5"},        {2.75, 9, "3.0"},
+              {2.7, 9, "2.5"},    {0.1, 9, "0.0"},    {1.005, 2, "1.00"},      {-1.26, 1, "-1.3"},
+              {-1.26, 0, "-1.3"}, {81.25, 1, "81.2"}, {1e9, 1, "1000000000.0"}};
   for (const auto &row : rows)
     EXPECT_EQ(analysis::format_value(row.value, row.precision), row.text) << row.value;
 }
@@ -50,17 +38,16 @@ TEST(ResultTable, ShowsTheWorkedExample) {
       "Mean_F:\nSNA=81.5,82.0,82.5\nSD:\nSNA=3.0,3.0,3.2\nComment:\nAngles in degrees, lengths in mm\n");
   tagPOINTLAT record = scene();
   CListCtrl list;
-  fill(list, &record, 0, 1, 1.0);
-  ASSERT_EQ(list.GetItemCount(), 5);
-  const std::vector<std::string> expected[] = {
-      {"Skeletal", "", "", "", ""}, {"SNA", "82.5", "3.0", "90.0", ""}, {"SNB", "", "", "45.0", ""},
-      {"ANB", "", "", "45.0", ""},  {"N-Me", "107.2", "", "110.0", ""},  // 118 / 1.1 = 107.27, cut; 1100.18
-                                                                         // pixels
-  };
-  for (int row = 0; row < 5; ++row) EXPECT_EQ(column_texts(list, row, 5), expected[row]);
+  support::add_table(list, &record, 0, 1, 1.0);
+  // N-Me: 118 / 1.1 = 107.27, cut; 1100.18 pixels
+  EXPECT_EQ(support::texts_of(list), (Rows{{"Skeletal", "", "", "", ""},
+                                           {"SNA", "82.5", "3.0", "90.0", ""},
+                                           {"SNB", "", "", "45.0", ""},
+                                           {"ANB", "", "", "45.0", ""},
+                                           {"N-Me", "107.2", "", "110.0", ""}}));
   EXPECT_EQ(list.GetItemData(1), 1U);
   EXPECT_EQ(list.GetItemData(2), 0U);
-  fill(list, &record);
+  support::add_table(list, &record);
   EXPECT_EQ(list.GetItemCount(), 10) << "the list is not cleared";
   EXPECT_EQ(list.GetItemText(1, 0), "SNA") << "new rows come first";
 }
@@ -74,17 +61,13 @@ TEST(ResultTable, CarriesOutChoices) {
       "calc=switch(1>0);;\nMean:\ntext=4\nbare=5\nSD:\ntext=2\n");
   tagPOINTLAT record = scene();
   CListCtrl list;
-  fill(list, &record);
-  ASSERT_EQ(list.GetItemCount(), 6);
-  const std::vector<std::string> expected[] = {
-      {"text", "4.0", "2.0", "a long one"},
-      {"alone", "", "", ""},
-      {"number", "", "", "10.0"},
-      {"none", "", "", "0.0"},
-      {"bare", "5.0", "", ""},
-      {"calc", "", "", "0.0"},
-  };
-  for (int row = 0; row < 6; ++row) EXPECT_EQ(column_texts(list, row, 4), expected[row]);
+  support::add_table(list, &record);
+  EXPECT_EQ(support::texts_of(list, 4), (Rows{{"text", "4.0", "2.0", "a long one"},
+                                              {"alone", "", "", ""},
+                                              {"number", "", "", "10.0"},
+                                              {"none", "", "", "0.0"},
+                                              {"bare", "5.0", "", ""},
+                                              {"calc", "", "", "0.0"}}));
   EXPECT_EQ(list.GetItemData(0), 0U) << "a chosen text gets no item data";
   EXPECT_EQ(list.GetItemData(2), 2U);
 }
@@ -106,13 +89,14 @@ TEST(ResultTable, ShowsCastRows) {
   for (auto &width : cast.ex.lowerSecond) width = 11.5;
   cast.ex.upperExtra[0][0] = 33.25;
   CListCtrl list;
-  fill(list, &cast, 2, 2, 1.0);
-  ASSERT_EQ(list.GetItemCount(), 6) << "the prediction that cannot be formed has no row";
-  const std::vector<std::string> expected[] = {
-      {"U1", "8.6", "", "8.00", "8.50"}, {"L6", "", "", "11.50", ""},  {"Unknown", "", "", "", ""},
-      {"Width", "", "", "", ""},         {"Sum", "", "", "49.50", ""}, {"Length", "36.00", "", "33.25", ""},
-  };
-  for (int row = 0; row < 6; ++row) EXPECT_EQ(column_texts(list, row, 5), expected[row]);
+  support::add_table(list, &cast, 2, 2, 1.0);
+  // the prediction that cannot be formed has no row
+  EXPECT_EQ(support::texts_of(list), (Rows{{"U1", "8.6", "", "8.00", "8.50"},
+                                           {"L6", "", "", "11.50", ""},
+                                           {"Unknown", "", "", "", ""},
+                                           {"Width", "", "", "", ""},
+                                           {"Sum", "", "", "49.50", ""},
+                                           {"Length", "36.00", "", "33.25", ""}}));
   EXPECT_EQ(list.GetItemData(0), 1U);
 }
 
@@ -160,14 +144,13 @@ TEST(SurgeryTable, MarksDeviationsOnBothRecords) {
     CCephCalc::User_CalcSurg(&list, &before, &after, nullptr, nullptr, nullptr, nullptr, 1, 0, 1.1, 2);
   };
   fill_table();
-  ASSERT_EQ(list.GetItemCount(), 4);
-  EXPECT_EQ(column_texts(list, 0, 5), (std::vector<std::string>{"Head", "", "", "", ""}));
-  EXPECT_EQ(column_texts(list, 1, 5), (std::vector<std::string>{"S-N", "10.00", "+", "17.50", "+++"}));
-  EXPECT_EQ(column_texts(list, 2, 5), (std::vector<std::string>{"class", "short", "", "long", ""}));
-  EXPECT_EQ(column_texts(list, 3, 5), (std::vector<std::string>{"bare", "", "", "", ""}));
+  EXPECT_EQ(support::texts_of(list), (Rows{{"Head", "", "", "", ""},
+                                           {"S-N", "10.00", "+", "17.50", "+++"},
+                                           {"class", "short", "", "long", ""},
+                                           {"bare", "", "", "", ""}}));
   after.scale = 0;
   fill_table();
-  EXPECT_EQ(column_texts(list, 1, 5), (std::vector<std::string>{"S-N", "10.00", "+", "", ""}));
+  EXPECT_EQ(support::texts_of(list)[1], (Rows::value_type{"S-N", "10.00", "+", "", ""}));
 }
 
 TEST(Diagnosis, FormsSentences) {
@@ -180,32 +163,23 @@ TEST(Diagnosis, FormsSentences) {
     CListCtrl list;
     CCephCalc::User_Diag(10, &list, &record, 0, nullptr, nullptr, nullptr, nullptr, 1, 0, 0, 1.1, 0);
     std::string joined;
-    for (int row = 0; row < list.GetItemCount(); ++row)
-      joined += "|" + std::string(list.GetItemText(row, 0).GetString());
+    for (const auto &row : support::texts_of(list, 1)) joined += "|" + row[0];
     return joined;
   };
   const std::string line = "case(\"v\")+0=name;low;middle;high;.\n";
-  const struct {
+  struct Row {
     const char *value;
     std::string lines;
     const char *expected;
-  } rows[] = {
-      {"3+0.5", line, "|d middle."},
-      {"0+0.5", line, "|a low."},
-      {"1+0", line, "|b low."},
-      {"4+0", line, "|high e."},
-      {"5+0", line, "|f high."},
-      {"6+0", line, "|high."},
-      {"6+0.1", line, "|g high."},
-      {"3+0.5", "case(\"v\")+0=name;low;;high;.\n", ""},
-      {"3+0.5", "first [NEXT]\nsecond\n", "|first second"},
-      {"3+0.5", "A[ENTER]B\nC\n", "|A|B|C"},
-      {"3+0.5", "kept [NEXT]\n", "|kept "},
-      {"3+0.5", std::string(60, 'x') + "\n", "|xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"},
-      {"3+0.5", "case(\"v\")+0=n;l;100%%;h;\n", "|d 100%"},
-      {"3+0.5", "case(\"v\")+0=n;l;m;h;[NEXT]\n" + line, "|d md middle."},
-      {"0/0", line, ""},
   };
-  for (const auto &row : rows)
+  for (const Row &row :
+       {Row{"3+0.5", line, "|d middle."}, Row{"0+0.5", line, "|a low."}, Row{"1+0", line, "|b low."},
+        Row{"4+0", line, "|high e."}, Row{"5+0", line, "|f high."}, Row{"6+0", line, "|high."},
+        Row{"6+0.1", line, "|g high."}, Row{"3+0.5", "case(\"v\")+0=name;low;;high;.\n", ""},
+        Row{"3+0.5", "first [NEXT]\nsecond\n", "|first second"}, Row{"3+0.5", "A[ENTER]B\nC\n", "|A|B|C"},
+        Row{"3+0.5", "kept [NEXT]\n", "|kept "},
+        Row{"3+0.5", std::string(60, 'x') + "\n", "|xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"},
+        Row{"3+0.5", "case(\"v\")+0=n;l;100%%;h;\n", "|d 100%"},
+        Row{"3+0.5", "case(\"v\")+0=n;l;m;h;[NEXT]\n" + line, "|d md middle."}, Row{"0/0", line, ""}})
     EXPECT_EQ(sentences(row.value, row.lines), row.expected) << row.value << row.lines;
 }
