@@ -7,26 +7,6 @@
 
 namespace {
 
-// The published signatures: taking their address fails to compile when one is missing.
-[[maybe_unused]] double (*const length_pp)(CPoint, CPoint, double) = &CCalcTool::Get_Length;
-[[maybe_unused]] double (*const length_dd)(tagDPOINT *, tagDPOINT *, double) = &CCalcTool::Get_Lengthd;
-[[maybe_unused]] double (*const length_cc)(CPointD *, CPointD *, double) = &CCalcTool::Get_Lengthd;
-[[maybe_unused]] double (*const length_dp)(tagDPOINT *, CPoint, double) = &CCalcTool::Get_Lengthd;
-[[maybe_unused]] CPointD (*const middle_cc)(CPointD *, CPointD *) = &CCalcTool::Get_Mpoint;
-[[maybe_unused]] CPoint (*const middle_pp)(CPoint, CPoint) = &CCalcTool::Get_Mpoint;
-[[maybe_unused]] CPointD (*const foot_cc)(CPointD *, CPointD *, CPointD *) = &CCalcTool::Get_Pointd;
-[[maybe_unused]] void (*const foot_ppd)(CPoint, CPoint, tagDPOINT *, tagDPOINT *) = &CCalcTool::Get_Pointd;
-[[maybe_unused]] int (*const cross_cc)(CPointD *, CPointD *, CPointD *, CPointD *,
-                                       CPointD *) = &CCalcTool::Get_Cross_Pointd;
-[[maybe_unused]] int (*const segment_ppdd)(CPoint, CPoint, tagDPOINT *, tagDPOINT *,
-                                           tagDPOINT *) = &CCalcTool::Chk_Cross;
-[[maybe_unused]] void (*const moved_pdp)(CPoint, tagDPOINT *, CPoint, tagDPOINT *,
-                                         double) = &CCalcTool::V_Moved;
-[[maybe_unused]] void (*const turned_dpd)(tagDPOINT *, CPoint, tagDPOINT *, double, double,
-                                          tagDPOINT *) = &CCalcTool::Trans_Pointd3;
-[[maybe_unused]] void (*const rotated_dd)(tagDPOINT *, tagDPOINT *, double, double,
-                                          tagDPOINT *) = &CCalcTool::Lot_Pointdd;
-
 /// One random whole-pixel point in the three forms that callers use.
 struct Forms {
   CPoint whole;
@@ -58,6 +38,11 @@ TEST(CCalcTool, EveryFormOfAPointGivesTheSameResult) {
     tagDPOINT pile{};
     CCalcTool::Pile_Pointd(a.whole, b.whole, &c.plain, &d.plain, &pile);
     EXPECT_TRUE(crossing == CPointD(pile.x, pile.y));
+    tagDPOINT moved{}, turned{};
+    CCalcTool::V_Moved(a.whole, &b.plain, c.whole, &moved, 0.5);
+    EXPECT_TRUE(CPointD(moved.x, moved.y) == c.real + (b.real - a.real) * 0.5);
+    CCalcTool::Lot_Pointdd(&a.plain, &b.plain, 30.0, 0.1, &turned);
+    EXPECT_TRUE(CPointD(turned.x, turned.y) == geometry::rotated_scaled(a.real, b.real, 30.0, 0.1));
     EXPECT_EQ(CCalcTool::CrossPoint(&a.whole, &b.whole, &c.whole, &d.whole), geometry::truncate(crossing));
   }
 }

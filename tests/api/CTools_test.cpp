@@ -23,16 +23,14 @@ TEST(CToolsSettings, applicationFolder) {
     int up;
     const char *folder;
   };
-  const Row rows[] = {
-      {"C:\\App\\Bin\\t.exe", 0, "C:\\App\\Bin\\"},
-      {"C:\\App\\Bin\\t.exe", 1, "C:\\App\\"},
-      {"C:\\App\\Bin\\t.exe", -1, "C:\\App\\"},
-      {"C:\\t.exe", 1, "C:\\"},
-      {"/opt/tool/bin/ceph", 0, "/opt/tool/bin/"},
-      {"/opt/tool/bin/ceph", 1, "/opt/tool/"},
-      {"/ceph", 1, "/"},
-      {"C:\\\x95\x5C\\\x83\x5C\\t.exe", 1, "C:\\\x95\x5C\\"},
-  };
+  const Row rows[] = {{"C:\\App\\Bin\\t.exe", 0, "C:\\App\\Bin\\"},
+                      {"C:\\App\\Bin\\t.exe", 1, "C:\\App\\"},
+                      {"C:\\App\\Bin\\t.exe", -1, "C:\\App\\"},
+                      {"C:\\t.exe", 1, "C:\\"},
+                      {"/opt/tool/bin/ceph", 0, "/opt/tool/bin/"},
+                      {"/opt/tool/bin/ceph", 1, "/opt/tool/"},
+                      {"/ceph", 1, "/"},
+                      {"C:\\\x95\x5C\\\x83\x5C\\t.exe", 1, "C:\\\x95\x5C\\"}};
   support::TestPlatform platform;
   for (const Row &row : rows) {
     platform.module = row.module;
@@ -98,15 +96,13 @@ TEST(CToolsWindows, loadingKeepsTheWindowOnTheScreen) {
     KeptWindow kept;
     CRect expected;
   };
-  const Row rows[] = {
-      {"inside", {0, 100, 50, 800, 600}, {100, 50, 900, 650}},
-      {"too far right", {0, 3000, 0, 800, 600}, {1120, 0, 1920, 600}},
-      {"too far down", {0, 0, 1000, 800, 600}, {0, 480, 800, 1080}},
-      {"left of the screen", {0, -50, -70, 800, 600}, {0, 0, 800, 600}},
-      {"wider than the screen", {0, 10, 10, 3000, 2000}, {0, 0, 3000, 2000}},
-      {"exactly fitting", {0, 1120, 480, 800, 600}, {1120, 480, 1920, 1080}},
-      {"spoilt numbers", {0, most, most, most, most}, {0, 0, most, most}},
-  };
+  const Row rows[] = {{"inside", {0, 100, 50, 800, 600}, {100, 50, 900, 650}},
+                      {"too far right", {0, 3000, 0, 800, 600}, {1120, 0, 1920, 600}},
+                      {"too far down", {0, 0, 1000, 800, 600}, {0, 480, 800, 1080}},
+                      {"left of the screen", {0, -50, -70, 800, 600}, {0, 0, 800, 600}},
+                      {"wider than the screen", {0, 10, 10, 3000, 2000}, {0, 0, 3000, 2000}},
+                      {"exactly fitting", {0, 1120, 480, 800, 600}, {1120, 480, 1920, 1080}},
+                      {"spoilt numbers", {0, most, most, most, most}, {0, 0, most, most}}};
   support::TestPlatform platform;
   CWinApp application("app");
   application.UseMemoryProfile();
@@ -386,19 +382,13 @@ TEST(CToolsText, splitsKeyAndValue) {
     std::string free_key;
     std::string free_value;
   };
-  const Row rows[] = {
-      {"a=b", "a", "b", "a", "b"},
-      {"a=b=c", "a", "b=c", "a", "b=c"},
-      {"=b", "", "b", "", "b"},
-      {"a=", "a", "", "a", ""},
-      {"plain%%", "plain%%", "", "plain%%", ""},
-      {"", "", "", "", ""},
-      {"a=50%% x", "a", "50%% x", "a", "50% x"},
-      {long_key + "=v", long_key.substr(0, 50), "v", long_key, "v"},
-      {long_key, long_key.substr(0, 50), "", long_key.substr(0, 50), ""},
-      {"\x95\x5C=1", "\x95\x5C", "1", "\x95\x5C", "1"},
-  };
-  for (const Row &row : rows) {
+  for (const Row &row :
+       {Row{"a=b", "a", "b", "a", "b"}, Row{"a=b=c", "a", "b=c", "a", "b=c"}, Row{"=b", "", "b", "", "b"},
+        Row{"a=", "a", "", "a", ""}, Row{"plain%%", "plain%%", "", "plain%%", ""}, Row{"", "", "", "", ""},
+        Row{"a=50%% x", "a", "50%% x", "a", "50% x"},
+        Row{long_key + "=v", long_key.substr(0, 50), "v", long_key, "v"},
+        Row{long_key, long_key.substr(0, 50), "", long_key.substr(0, 50), ""},
+        Row{"\x95\x5C=1", "\x95\x5C", "1", "\x95\x5C", "1"}}) {
     std::string key(80, '\0');
     std::string value(80, '#');
     CTools::Div_Str(row.line.c_str(), key.data(), value.data());
@@ -443,13 +433,8 @@ TEST(CToolsText, delimitersOfBuffersAndTexts) {
     const char *added;
     const char *removed;
   };
-  const Row rows[] = {
-      {"C:/data", "C:/data/", "C:/data"},
-      {"C:\\data\\", "C:\\data\\", "C:\\data"},
-      {"C:", "C:\\", "C:\\"},
-      {"C:\\\x95\x5C", "C:\\\x95\x5C\\", "C:\\\x95\x5C"},
-  };
-  for (const Row &row : rows) {
+  for (const Row &row : {Row{"C:/data", "C:/data/", "C:/data"}, Row{"C:\\data\\", "C:\\data\\", "C:\\data"},
+                         Row{"C:", "C:\\", "C:\\"}, Row{"C:\\\x95\x5C", "C:\\\x95\x5C\\", "C:\\\x95\x5C"}}) {
     char buffer[32];
     std::strcpy(buffer, row.path);
     EXPECT_EQ(CTools::LastDelimAdd(buffer), static_cast<int>(std::strlen(row.added)));

@@ -18,8 +18,7 @@ TEST(AxisOffsets, InAnObliqueFrame) {
       {"inside both arms: feet (141, 130) and (84, 120)", {126, 151}, 5.2201533, 2.5806976},
       {"before a on the first: feet (61, 70) and (84, 120)", {46, 91}, -4.7801674, 2.5806976},
       {"before a on the second: feet (141, 130) and (114, 80)", {156, 111}, 5.2201533, -2.4207437},
-      {"beyond b: feet (221, 190) and (84, 120)", {206, 211}, -15.2200526, 2.5806976},
-  };
+      {"beyond b: feet (221, 190) and (84, 120)", {206, 211}, -15.2200526, 2.5806976}};
   for (const Row &row : rows) {
     const AxisOffsets offsets = axis_offsets(a, b, c, row.d, 0.1);
     EXPECT_NEAR(offsets.horizontal, row.horizontal, 1e-6) << row.what;
@@ -45,15 +44,13 @@ TEST(OffsetInFrame, PlacesPoints) {
     double scale, along, across;
     CPointD point;
   };
-  const Row rows[] = {
-      {"above a line to the right", {0, 0}, {10, 0}, 1, 3, 4, {3, -4}},
-      {"backwards", {0, 0}, {10, 0}, 1, -3, 0, {-3, 0}},
-      {"the axis points to +x either way", {0, 0}, {-10, 0}, 1, 3, 4, {3, -4}},
-      {"a vertical axis points down", {0, 0}, {0, -10}, 1, 3, 4, {4, 3}},
-      {"oblique", {1, 1}, {5, 5}, 0.5, 1, 0, {1 + 1.414213562, 1 + 1.414213562}},
-      {"nothing along: the origin", {7, 8}, {9, 9}, 1, 0, 4, {7, 8}},
-      {"no scale", {7, 8}, {9, 9}, 0, 3, 4, {0, 0}},
-  };
+  const Row rows[] = {{"above a line to the right", {0, 0}, {10, 0}, 1, 3, 4, {3, -4}},
+                      {"backwards", {0, 0}, {10, 0}, 1, -3, 0, {-3, 0}},
+                      {"the axis points to +x either way", {0, 0}, {-10, 0}, 1, 3, 4, {3, -4}},
+                      {"a vertical axis points down", {0, 0}, {0, -10}, 1, 3, 4, {4, 3}},
+                      {"oblique", {1, 1}, {5, 5}, 0.5, 1, 0, {1 + 1.414213562, 1 + 1.414213562}},
+                      {"nothing along: the origin", {7, 8}, {9, 9}, 1, 0, 4, {7, 8}},
+                      {"no scale", {7, 8}, {9, 9}, 0, 3, 4, {0, 0}}};
   for (const Row &row : rows) {
     const CPointD point = offset_in_frame(row.a, row.b, row.scale, row.along, row.across);
     EXPECT_NEAR(point.x, row.point.x, 1e-7) << row.what;

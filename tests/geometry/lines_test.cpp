@@ -40,20 +40,6 @@ TEST(Foot, InWholePixelsAddsAHalfOnlyOnObliqueLines) {
   EXPECT_EQ(integer_foot({0, 0}, {9, 0}, {-5, -3}), CPoint(-5, 0));
 }
 
-TEST(Foot, LiesOnTheLineAndBelowThePoint) {
-  SCOPED_TRACE("seed 21");
-  support::RandomPoints random(21);
-  for (int i = 0; i < 5000; ++i) {
-    const CPointD a = random.whole(), b = random.whole(), p = random.real();
-    const CPointD u = b - a;
-    if (norm(u) < 1.0) continue;
-    const CPointD f = foot(a, b, p);
-    const CPointD down = f - p, along = f - a;
-    EXPECT_NEAR((down.x * u.x + down.y * u.y) / norm(u), 0.0, 1e-6);
-    EXPECT_NEAR((along.x * u.y - along.y * u.x) / norm(u), 0.0, 1e-6);
-  }
-}
-
 TEST(Projection, OntoTheParallelThroughAPoint) {
   expect_near(projection({0, 0}, {0, 5}, {7, 8}, {1, 2}), {1, 8});
   expect_near(projection({0, 0}, {5, 0}, {7, 8}, {1, 2}), {7, 2});
@@ -75,8 +61,7 @@ TEST(Intersection, OfEveryKindOfLines) {
       {"parallel", {0, 0}, {2, 1}, {0, 5}, {4, 7}, std::nullopt},
       {"both vertical", {0, 0}, {0, 1}, {3, 0}, {3, 5}, std::nullopt},
       {"both level", {0, 0}, {1, 0}, {0, 3}, {5, 3}, std::nullopt},
-      {"first without length, second oblique", {4, 4}, {4, 4}, {0, 0}, {1, 2}, CPointD(4, 8)},
-  };
+      {"first without length, second oblique", {4, 4}, {4, 4}, {0, 0}, {1, 2}, CPointD(4, 8)}};
   for (const Row &row : rows) {
     SCOPED_TRACE(row.what);
     const auto point = intersection(row.a, row.b, row.c, row.d);

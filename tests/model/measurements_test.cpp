@@ -26,20 +26,20 @@ struct Cast {
 
 TEST(ToothWidth, IsTypedMeasuredOrNothing) {
   Cast cast(8, 7);
-  cast.typed.upperFirst[2] = 0.0;
   cast.tracing.upper[2][0] = {100, 100};
   cast.tracing.upper[2][1] = {148, 164};  // 80 pixels
-  EXPECT_DOUBLE_EQ(cast.item(2).b, 8.0) << "first side, measured";
-  EXPECT_DOUBLE_EQ(cast.item(2).a, 8.0) << "second side, typed";
-  cast.typed.upperFirst[2] = -1.0;
-  EXPECT_EQ(cast.item(2).b, 0.0);
-  EXPECT_EQ(tooth_width(cast.tracing, cast.typed, Jaw::upper, Side::first, 2), -1.0);
-  cast.typed.upperFirst[2] = 7.5;
-  EXPECT_EQ(cast.item(2).b, 7.5);
+  const auto width = [&] { return tooth_width(cast.tracing, cast.typed, Jaw::upper, Side::first, 2); };
+  struct Row {
+    double typed, item, width;
+  };
+  for (const Row &row : {Row{0.0, 8.0, 8.0}, Row{-1.0, 0.0, -1.0}, Row{7.5, 7.5, 7.5}}) {
+    cast.typed.upperFirst[2] = row.typed;
+    EXPECT_DOUBLE_EQ(cast.item(2).b, row.item) << row.typed;
+    EXPECT_DOUBLE_EQ(width(), row.width) << row.typed;
+  }
   cast.tracing.present[5] = 0;  // first side of upper position 2
   EXPECT_EQ(cast.item(2).b, 0.0);
-  EXPECT_EQ(cast.item(2).a, 8.0);
-  EXPECT_EQ(tooth_width(cast.tracing, cast.typed, Jaw::upper, Side::first, 2), 7.5) << "present or not";
+  EXPECT_EQ(width(), 7.5) << "present or not";
 }
 
 TEST(ToothWidth, FindsItsFlagSideAndJaw) {
@@ -125,8 +125,8 @@ TEST(ModelItems, RatioOfASumThatIsMinusOneIsNotFormed) {
   Cast cast(0, 7);
   cast.tracing.mixed = 1;
   std::fill_n(cast.tracing.present, 12, static_cast<unsigned char>(0));
-  cast.tracing.present[4] = cast.tracing.present[6] = cast.tracing.present[8] = 1;  // second side, 2 to 4
-  for (int i = 2; i < 5; ++i) cast.typed.upperSecond[i] = -1;                       // which counts 0
+  for (const int second_side : {4, 6, 8}) cast.tracing.present[second_side] = 1;  // positions 2 to 4
+  for (int i = 2; i < 5; ++i) cast.typed.upperSecond[i] = -1;                     // which counts 0
   EXPECT_EQ(cast.item(17).a, -1.0);
   EXPECT_EQ(cast.item(21).a, -1.0);
 }
@@ -148,22 +148,17 @@ TEST(EntryShown, MapsEntriesToFlags) {
 
 TEST(CModelTool, ToothLengthByNumbers) {
   Cast cast(0, 0);
+  const auto width = [&](int position, int jaw, int side) {
+    return CModelTool::GetToothLen(position, jaw, side, &cast.typed, &cast.tracing);
+  };
   for (int i = 0; i < 7; ++i) {
     for (int side = 0; side < 2; ++side) {
       cast.tracing.upper[i][2 * side + 1] = {10 * (i + 1) + 1000 * side, 0};
       cast.tracing.lower[i][2 * side + 1] = {10 * (i + 1) + 1000 * side + 5000, 0};
+      EXPECT_DOUBLE_EQ(width(i, 0, 7 * side), i < 6 ? i + 1 + 100 * side : 0);
+      EXPECT_DOUBLE_EQ(width(i, 1 + side, side), i < 6 ? i + 501 + 100 * side : 0);
     }
   }
-  const auto width = [&](int position, int jaw, int side) {
-    return CModelTool::GetToothLen(position, jaw, side, &cast.typed, &cast.tracing);
-  };
-  for (int i = 0; i < 6; ++i) {
-    EXPECT_DOUBLE_EQ(width(i, 0, 0), i + 1);
-    EXPECT_DOUBLE_EQ(width(i, 0, 7), i + 101);
-    EXPECT_DOUBLE_EQ(width(i, 3, 0), i + 501);
-    EXPECT_DOUBLE_EQ(width(i, 1, 1), i + 601);
-  }
-  EXPECT_EQ(width(6, 0, 0), 0.0);
   EXPECT_EQ(width(-1, 0, 0), 0.0);
 }
 
