@@ -4,7 +4,6 @@
 #include <cstdlib>
 
 #include "tests/support/temporary_folder.h"
-#include "tool/framework/files/last_error.h"
 
 namespace {
 
@@ -41,11 +40,8 @@ TEST(HeadlessPlatform, findsTheUsersFolders) {
   const Environment data("XDG_DATA_HOME", "relative");  // counts only when absolute
   const framework::HeadlessPlatform platform;
   EXPECT_EQ(platform.configuration_folder(), "/cfg/Tracora10");
+  EXPECT_TRUE(std::filesystem::equivalent(platform.module_path(), "/proc/self/exe"));
   EXPECT_EQ(platform.drive_folder('C'), "/home/u/.local/share/Tracora10/drive_c");
-}
-
-TEST(HeadlessPlatform, knowsTheRunningProgram) {
-  EXPECT_TRUE(std::filesystem::equivalent(framework::HeadlessPlatform().module_path(), "/proc/self/exe"));
 }
 
 TEST(MessageBoxes, goToThePlatformInUse) {
@@ -57,12 +53,6 @@ TEST(MessageBoxes, goToThePlatformInUse) {
   ASSERT_EQ(platform.messages.size(), 1u);
   EXPECT_EQ(platform.messages[0].text, "seen");
   EXPECT_EQ(platform.messages[0].type, 0x24u);
-}
-
-TEST(LastError, belongsToTheThread) {
-  SetLastError(ENOENT);
-  EXPECT_EQ(GetLastError(), static_cast<DWORD>(ENOENT));
-  EXPECT_EQ(framework::error_text(ENOENT), "No such file or directory");
 }
 
 }  // namespace

@@ -62,31 +62,21 @@ TEST(CopyFile, failsCleanly) {
   const std::string source = folder.write("a", "source");
   const std::string target = folder.write("b", "target");
   folder.write("sub/x", "");
-  struct Row {
-    const char *name;
-    std::string source;
-    std::string target;
-    bool fail_if_exists;
+  const auto copied = [&](const std::string &from, const std::string &to, bool fail_if_exists = false) {
+    return framework::copy_file(from, to, fail_if_exists);
   };
-  const Row rows[] = {
-      {"missing source", folder.path("none"), target, false},
-      {"folder as source", folder.path("sub"), target, false},
-      {"folder as target", source, folder.path("sub"), false},
-      {"existing target", source, target, true},
-      {"onto itself", target, target, false},
-      {"device", "/dev/zero", target, false},
-      {"missing folder", source, folder.path("no/x"), false},
-  };
-  for (const Row &row : rows)
-    EXPECT_FALSE(framework::copy_file(row.source, row.target, row.fail_if_exists)) << row.name;
-
+  EXPECT_FALSE(copied(source, target, true)) << "existing target";
+  EXPECT_FALSE(copied(target, target)) << "onto itself";
+  for (const std::string &bad : {folder.path("none"), folder.path("sub"), std::string("/dev/zero")})
+    EXPECT_FALSE(copied(bad, target)) << bad;
+  for (const char *bad : {"sub", "no/x"}) EXPECT_FALSE(copied(source, folder.path(bad))) << bad;
   support::FaultyFileSystem files;
   const framework::FileSystemScope scope(files);
   files.room = 3;
-  EXPECT_FALSE(framework::copy_file(source, target, false)) << "full disk";
+  EXPECT_FALSE(copied(source, target)) << "full disk";
   files.room = 100;
   files.readable = 3;
-  EXPECT_FALSE(framework::copy_file(source, target, false)) << "unreadable from the fourth byte on";
+  EXPECT_FALSE(copied(source, target)) << "unreadable from the fourth byte on";
   EXPECT_EQ(folder.read("b"), "target");
   EXPECT_EQ(folder.names(), (Names{"a", "b", "sub", "sub/x"}));
 }

@@ -15,37 +15,22 @@ TEST(NativePath, translatesDelimitersDrivesAndText) {
   support::TestPlatform platform;
   platform.drives = {{'C', "/drive c"}, {'X', "/x"}};
   struct Row {
-    const char *path;
-    const char *native;
+    const char *path, *native;
   };
-  const Row rows[] = {
-      {"", ""},
-      {"a\\b/c", "a/b/c"},
-      {"/abs/x.txt", "/abs/x.txt"},
-      {"C:\\a\\b", "/drive c/a/b"},
-      {"c:/a", "/drive c/a"},
-      {"C:a", "/drive c/a"},
-      {"C:", "/drive c/"},
-      {"C:\\", "/drive c/"},
-      {"x:\\\\a", "/x/a"},
-      {"Y:\\a", ""},                                                // no such drive
-      {"\x95\x5C\\\x83\x5C.txt", "\xE8\xA1\xA8/\xE3\x82\xBD.txt"},  // second bytes 0x5C
-      {"C:\\\x95\x5C", "/drive c/\xE8\xA1\xA8"},
-      {"\xB1\\\xB2", "\xEF\xBD\xB1/\xEF\xBD\xB2"},  // half-width katakana
-      {"a\x81", ""},                                // no code page 932 text
-  };
-  for (const Row &row : rows) EXPECT_EQ(exact_native_path(row.path), row.native) << row.path;
-}
-
-TEST(NativePath, shortPathsAgreeWithTheGeneralWay) {
-  const char *rows[] = {"", "a", "a\\b\\c.txt", "/x/y", "\\\\host\\share", "1:\\x"};
-  for (const char *path : rows) {
-    framework::ShortNativePath converter;
+  // There is no drive Y; second bytes 0x5C; half-width katakana; a text cut within a character.
+  for (const Row &row : {Row{"", ""}, Row{"a\\b/c", "a/b/c"}, Row{"/abs/x.txt", "/abs/x.txt"},
+                         Row{"C:\\a\\b", "/drive c/a/b"}, Row{"c:/a", "/drive c/a"}, Row{"C:a", "/drive c/a"},
+                         Row{"C:", "/drive c/"}, Row{"C:\\", "/drive c/"}, Row{"x:\\\\a", "/x/a"},
+                         Row{"Y:\\a", ""}, Row{"\x95\x5C\\\x83\x5C.txt", "\xE8\xA1\xA8/\xE3\x82\xBD.txt"},
+                         Row{"C:\\\x95\x5C", "/drive c/\xE8\xA1\xA8"},
+                         Row{"\xB1\\\xB2", "\xEF\xBD\xB1/\xEF\xBD\xB2"}, Row{"a\x81", ""}})
+    EXPECT_EQ(exact_native_path(row.path), row.native) << row.path;
+  framework::ShortNativePath converter;
+  for (const char *path : {"", "a", "a\\b\\c.txt", "/x/y", "\\\\host\\share", "1:\\x"}) {
     const char *converted = converter.convert(path);
     ASSERT_NE(converted, nullptr) << path;
     EXPECT_EQ(converted, exact_native_path(path));
   }
-  framework::ShortNativePath converter;
   for (const std::string &path : {std::string("C:\\x"), std::string("\x95\x5C"), std::string(1024, 'a')})
     EXPECT_EQ(converter.convert(path.c_str()), nullptr) << path;
 }
@@ -54,15 +39,11 @@ TEST(NativePath, looksForAnotherLetterCasePartByPart) {
   const support::TemporaryFolder folder;
   folder.write("Ana/Sub/File.txt", "");
   struct Row {
-    const char *path;
-    const char *found;
+    const char *path, *found;
   };
-  const Row rows[] = {
-      {"Ana/Sub/File.txt", "Ana/Sub/File.txt"}, {"ANA\\SUB\\FILE.TXT", "Ana/Sub/File.txt"},
-      {"ana/new/x.txt", "Ana/new/x.txt"},  // to be created in the folder that is there
-      {"ana/SUB/New.txt", "Ana/Sub/New.txt"},   {"other/SUB/x", "other/SUB/x"},
-  };
-  for (const Row &row : rows)
+  // what is to be created goes into the folder that is there
+  for (const Row &row : {Row{"ANA\\SUB\\FILE.TXT", "Ana/Sub/File.txt"}, Row{"ana/new/x.txt", "Ana/new/x.txt"},
+                         Row{"ana/SUB/New.txt", "Ana/Sub/New.txt"}, Row{"other/SUB/x", "other/SUB/x"}})
     EXPECT_EQ(native_path(folder.path(row.path)), folder.path(row.found)) << row.path;
 }
 

@@ -30,49 +30,38 @@ std::string value(const std::string &path, const char *section, const char *key,
 }
 
 TEST(PrivateProfile, reads) {
+  using namespace std::string_literals;
   const support::TemporaryFolder folder;
   const std::string path = folder.write("x.ini", sample);
   struct Row {
-    const char *section;
-    const char *key;
-    const char *value;
+    const char *section, *key;
+    std::string value;
+    DWORD size = 100;
   };
-  const Row rows[] = {
-      {"MAIN", "name", "quoted "},
-      {"Main", "Empty", ""},
-      {"Main", "Off", "none"},  // the fallback loses its trailing blanks
-      {"Main", "path", "C:\\\x95\x5C\\x = y"},
-      {"Other", "Name", "single"},
-      {"Main", "Late", "none"},  // of two sections the first counts
-      {"Main", "stray", "none"},
-      {"Nowhere", "Name", "none"},
-  };
-  for (const Row &row : rows) EXPECT_EQ(value(path, row.section, row.key), row.value) << row.key;
+  // The fallback loses its trailing blanks, and of two sections the first counts.
+  const Row rows[] = {Row{"MAIN", "name", "quoted "},
+                      Row{"Main", "Empty", ""},
+                      Row{"Main", "Off", "none"},
+                      Row{"Main", "path", "C:\\\x95\x5C\\x = y"},
+                      Row{"Other", "Name", "single"},
+                      Row{"Main", "Late", "none"},
+                      Row{"Main", "stray", "none"},
+                      Row{"Nowhere", "Name", "none"},
+                      Row{"Main", "Name", "quo", 4},
+                      Row{"Main", "Name", "", 1},
+                      Row{"Main", nullptr, "Name\0Empty\0Number\0Path\0"s},
+                      Row{nullptr, nullptr, "Main\0Other\0main\0"s},
+                      Row{nullptr, nullptr, "Main\0O"s, 8}};
+  for (const Row &row : rows) EXPECT_EQ(value(path, row.section, row.key, row.size), row.value);
   EXPECT_EQ(value(folder.path("missing.ini"), "Main", "Name"), "none");
-}
-
-TEST(PrivateProfile, cutsToTheBuffer) {
-  const support::TemporaryFolder folder;
-  const std::string path = folder.write("x.ini", sample);
-  EXPECT_EQ(value(path, "Main", "Name", 4), "quo");
-  EXPECT_EQ(value(path, "Main", "Name", 1), "");
-  using namespace std::string_literals;
-  EXPECT_EQ(value(path, "Other", nullptr), "name\0"s);
-  EXPECT_EQ(value(path, "Main", nullptr), "Name\0Empty\0Number\0Path\0"s);
-  EXPECT_EQ(value(path, nullptr, nullptr), "Main\0Other\0main\0"s);
-  EXPECT_EQ(value(path, nullptr, nullptr, 8), "Main\0O"s);
-}
-
-TEST(PrivateProfile, readsNumbers) {
-  const support::TemporaryFolder folder;
-  const std::string path = folder.write("x.ini", sample);
-  const auto number = [&](const char *key) {
-    return static_cast<int>(GetPrivateProfileIntA("Main", key, 7, path.c_str()));
+  struct Number {
+    const char *key;
+    int value;
   };
-  EXPECT_EQ(number("Number"), -12);
-  EXPECT_EQ(number("Name"), 0);
-  EXPECT_EQ(number("Empty"), 7);
-  EXPECT_EQ(number("Missing"), 7);
+  for (const Number &row :
+       {Number{"Number", -12}, Number{"Name", 0}, Number{"Empty", 7}, Number{"Missing", 7}})
+    EXPECT_EQ(static_cast<int>(GetPrivateProfileIntA("Main", row.key, 7, path.c_str())), row.value)
+        << row.key;
 }
 
 TEST(PrivateProfile, writesOneLineAndKeepsTheOthers) {
@@ -92,8 +81,7 @@ TEST(PrivateProfile, writesOneLineAndKeepsTheOthers) {
       {"to nothing", "", "B", "y", "", "[B]\r\ny=\r\n"},
       {"remove a key", "[A]\nx=1\ny=2\n", "A", "x", nullptr, "[A]\ny=2\n"},
       {"remove a section", "a\r\n[A]\r\nx=1\r\n[B]\r\n", "A", nullptr, nullptr, "a\r\n[B]\r\n"},
-      {"remove what is missing", "[A]\r\nx=1\r\n", "C", nullptr, nullptr, "[A]\r\nx=1\r\n"},
-  };
+      {"remove what is missing", "[A]\r\nx=1\r\n", "C", nullptr, nullptr, "[A]\r\nx=1\r\n"}};
   for (const Row &row : rows) {
     const support::TemporaryFolder folder;
     const std::string path = folder.write("x.ini", row.before);
@@ -131,12 +119,8 @@ TEST(PrivateProfile, losesNothingOnAFullOrUnreadableDisk) {
 }
 
 TEST(IniDocument, leavesAnyTextAsItIs) {
-  for (const std::string text : {"", "\r", "\n\r\n\r", "[", "[]", "=", "[a\r\n=x\r\n]", "\xFF\x81", "a=b"}) {
-    const framework::IniDocument document(text);
-    EXPECT_EQ(document.text(), text);
-    document.find("a", "b");
-    document.keys("");
-  }
+  for (const std::string text : {"", "\r", "\n\r\n\r", "[", "[]", "=", "[a\r\n=x\r\n]", "\xFF\x81", "a=b"})
+    EXPECT_EQ(framework::IniDocument(text).text(), text);
 }
 
 TEST(ProtectedValue, comesBackAsItWas) {
@@ -159,18 +143,13 @@ TEST(Registry, keepsTextsInOneFileOfTheUser) {
   EXPECT_EQ(framework::read_registry_text("KEY", "Name"), "value");
   EXPECT_EQ(framework::read_registry_text("Key", ""), "own");
   EXPECT_FALSE(framework::read_registry_text("Other", "name"));
-  EXPECT_EQ(platform.folder.names(),
-            (std::vector<std::string>{"configuration", "configuration/registry.ini"}));
-}
-
-TEST(Registry, tellsWhenThereIsNoPlaceForIt) {
-  support::TestPlatform platform;
-  platform.configuration.clear();
-  EXPECT_FALSE(framework::open_registry_key("Key"));
-  EXPECT_FALSE(framework::write_registry_text("Key", "name", "x"));
-  platform.configuration = platform.folder.write("file", "");
-  EXPECT_FALSE(framework::open_registry_key("Key"));
-  EXPECT_FALSE(framework::read_registry_text("Key", "name"));
+  EXPECT_TRUE(platform.folder.has("configuration/registry.ini"));
+  for (const std::string &nowhere : {std::string(), platform.folder.write("file", "")}) {
+    platform.configuration = nowhere;
+    EXPECT_FALSE(framework::open_registry_key("Key"));
+    EXPECT_FALSE(framework::write_registry_text("Key", "name", "x"));
+    EXPECT_FALSE(framework::read_registry_text("Key", "name"));
+  }
 }
 
 }  // namespace

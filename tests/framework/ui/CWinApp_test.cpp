@@ -29,15 +29,6 @@ TEST(WinApp, isTheApplicationObjectWhileItLives) {
   EXPECT_EQ(AfxGetApp(), stand_in);
 }
 
-TEST(WinApp, standInKeepsItsProfileInMemory) {
-  support::TestPlatform platform;
-  CWinApp *stand_in = AfxGetApp();
-  EXPECT_TRUE(stand_in->WriteProfileString("S", "stand-in", "1"));
-  EXPECT_EQ(stand_in->GetProfileString("S", "stand-in"), "1");
-  EXPECT_TRUE(stand_in->WriteProfileString("S", nullptr, nullptr));
-  EXPECT_TRUE(platform.folder.names().empty());
-}
-
 TEST(WinApp, keepsItsProfileInOneFile) {
   support::TestPlatform platform;
   const char *awkward = " \"two\r\nlines\" \x95\x5C";
@@ -99,9 +90,14 @@ TEST(WinApp, neverSpoilsAProfileItCannotReadOrWrite) {
 
 TEST(WinApp, mayLiveInMemoryOrInANamedFile) {
   support::TestPlatform platform;
+  CWinApp *stand_in = AfxGetApp();
   CWinApp application("app");
   application.UseMemoryProfile();
-  EXPECT_TRUE(application.WriteProfileString("S", "k", "1"));
+  for (CWinApp *in_memory : {stand_in, &application}) {
+    EXPECT_TRUE(in_memory->WriteProfileString("S", "in memory", "1"));
+    EXPECT_EQ(in_memory->GetProfileString("S", "in memory"), "1");
+    EXPECT_TRUE(in_memory->WriteProfileString("S", nullptr, nullptr));
+  }
   EXPECT_TRUE(platform.folder.names().empty());
   application.UseProfileFile(platform.folder.write("x/own.ini", "[S]\nk=file\n"));
   EXPECT_EQ(application.GetProfileString("S", "k"), "file");
