@@ -61,11 +61,20 @@ struct PatientInfo {
 /// Owns the record and the point tables. A view made by tracing() borrows from this object: it ends when the
 /// object is moved, changed or destroyed.
 struct TracingFile {
+  /// Outlines traced by hand, as the library's store of free-line traces: 20 entries of 2000 bytes with a
+  /// name, a code as text, and curves of 16-bit words. Empty: none.
+  using TraceStore = std::vector<char>;
+  static constexpr std::size_t trace_count = 20;
+  static constexpr std::size_t trace_bytes = 2000;
+  static constexpr std::size_t trace_code_offset = 35;
+  static constexpr std::size_t trace_runs_offset = 44;
+
   std::string id;  ///< film or id; may be empty
   std::variant<tagPOINTLAT, tagPOINTPA, tagPOINTMO> record;
   std::vector<tagKPOINT> virtual_points;
   std::vector<tagUPOINT> user_points;  ///< parallel to the record's user-point slots
   std::optional<tagCVBA> vertebrae;    ///< lateral films: for the bone age
+  TraceStore traces;                   ///< lateral films
   PatientInfo patient;
   std::optional<double> magnification;  ///< of the radiograph; 1.1 is the norms' own
 
@@ -82,6 +91,10 @@ struct TracingFile {
   tagPOINTLAT *lateral() { return std::get_if<tagPOINTLAT>(&record); }
   tagPOINTPA *frontal() { return std::get_if<tagPOINTPA>(&record); }
   tagPOINTMO *model() { return std::get_if<tagPOINTMO>(&record); }
+  /// A store that the drawing operations can read, with no trace when there is none.
+  TraceStore traces_or_empty() const {
+    return traces.empty() ? TraceStore(trace_count * trace_bytes, '\0') : traces;
+  }
   unsigned short virtual_count() const { return static_cast<unsigned short>(virtual_points.size()); }
   unsigned short user_count() const { return static_cast<unsigned short>(user_points.size()); }
 

@@ -53,6 +53,7 @@ void read_points(TracingFile &file, const JsonNode &root) {
       add_user_point(file, name, json_point(node), node.where());
     });
   if (const auto virtuals = root.find("virtual_points")) read_json_virtual_points(file, *virtuals);
+  if (const auto traces = root.find("traces")) read_json_traces(file, *traces);
   if (const auto vertebrae = root.find("vertebrae")) file.vertebrae = read_vertebrae(*vertebrae);
 }
 
@@ -61,7 +62,7 @@ void check_members(const JsonNode &root, analysis::RecordKind kind) {
   std::vector<std::string_view> known{"kind",    "id",   "film",        "scale",          "magnification",
                                       "patient", "note", "user_points", "virtual_points", "$schema"};
   known.emplace_back(kind == analysis::RecordKind::model ? "cast" : "landmarks");
-  if (kind == analysis::RecordKind::lateral) known.emplace_back("vertebrae");
+  if (kind == analysis::RecordKind::lateral) known.insert(known.end(), {"vertebrae", "traces"});
   root.expect_members(known);
 }
 

@@ -16,4 +16,7 @@ void read_json_virtual_points(TracingFile &file, const JsonNode &list);
 /// "cast": the teeth and arches of both jaws.
 void read_json_cast(tagPOINTMO &record, const JsonNode &cast);
 
+/// "traces": outlines traced by hand, at most 20 of them.
+void read_json_traces(TracingFile &file, const JsonNode &list);
+
 }  // namespace app
