@@ -113,8 +113,8 @@ constexpr const char *parser_formulas[8] = {
     "angle1(Sx,Sy,Nx,Ny,Bx,By)",
     "angle1(Sx,Sy,Nx,Ny,Ax,Ay)-angle1(Sx,Sy,Nx,Ny,Bx,By)",
     "angle2(Mex,Mey,Gox,Goy,Bx,By,Ax,Ay)+angle2(Pox,Poy,Orx,Ory,PNSx,PNSy,ANSx,ANSy)",
-    "angle2(Nx,Ny,Pogx,Pogy,Orx,Ory,Pox,Poy)-angle2(Nx,Ny,Pogx,Pogy,Ax,Ay,Bx,By)"
-    "+angle2(Pox,Poy,Orx,Ory,PNSx,PNSy,ANSx,ANSy)",
+    ("angle2(Nx,Ny,Pogx,Pogy,Orx,Ory,Pox,Poy)-angle2(Nx,Ny,Pogx,Pogy,Ax,Ay,Bx,By)"
+     "+angle2(Pox,Poy,Orx,Ory,PNSx,PNSy,ANSx,ANSy)"),
     "len(Sx,Sy,Gox,Goy)/len(Nx,Ny,Mex,Mey)",
     "angle2(Sx,Sy,Nx,Ny,Gox,Goy,Gnx,Gny)",
     "lenR(L1x,L1y,U1x,U1y)",
