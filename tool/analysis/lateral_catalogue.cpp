@@ -34,18 +34,19 @@ class Film {
   bool negates(Sign sign) const {
     return sign == Sign::negated || (sign == Sign::negated_by_setting && negate_ans_pns_);
   }
-  /// From one landmark to another; the difference of whole pixels is exact.
-  CPointD direction(int from, int to) const {
-    const POINT &a = landmarks_[from];
-    const POINT &b = landmarks_[to];
-    return {static_cast<double>(std::int64_t{b.x} - a.x), static_cast<double>(std::int64_t{b.y} - a.y)};
+  /// From line pq to line rt, landmarks all of them.
+  double angle(int p, int q, int r, int t) const {
+    return geometry::signed_angle(landmarks_[p], landmarks_[q], landmarks_[r], landmarks_[t]);
   }
   CPoint whole(int point) const {
     return point < lateral_landmark_count ? CPoint(landmarks_[point]) : constructed_whole(point);
   }
+  geometry::Pair pair(int point) const {
+    return point < lateral_landmark_count ? geometry::pair_of(landmarks_[point]) : constructed_pair(point);
+  }
   CPointD real(int point) const {
-    return point < lateral_landmark_count ? CPointD(landmarks_[point].x, landmarks_[point].y)
-                                          : constructed_real(point);
+    const geometry::Pair coordinates = pair(point);
+    return {coordinates[0], coordinates[1]};
   }
 
  private:
@@ -56,7 +57,7 @@ class Film {
     return geometry::integer_midpoint(landmarks_[from], landmarks_[to]);
   }
   CPoint constructed_whole(int point) const;
-  CPointD constructed_real(int point) const;
+  geometry::Pair constructed_pair(int point) const;
 
   const POINT *landmarks_;
   double scale_;
@@ -82,36 +83,34 @@ CPoint Film::constructed_whole(int point) const {
   }
 }
 
-CPointD Film::constructed_real(int point) const {
+geometry::Pair Film::constructed_pair(int point) const {
+  using geometry::pair_of;
   const auto at = [this](Landmark k) { return CPointD(landmarks_[k].x, landmarks_[k].y); };
   switch (point) {
-    case CF:
-      return foot_on_horizontal(PT);
-    case Mi:
-      return middle(L1, U1);
-    case Mm:
-      return middle(LMo, UMo);
-    case MiU:
-      return middle(U1, L1);
-    case MmU:
-      return middle(UMo, LMo);
     case CFd:
-      return geometry::foot(at(Po), at(Or), at(PT));
+      return pair_of(geometry::foot(at(Po), at(Or), at(PT)));
     case Mid:
-      return geometry::midpoint(at(L1), at(U1));
+      return pair_of(geometry::midpoint(at(L1), at(U1)));
     case Mmd:
-      return geometry::midpoint(at(LMo), at(UMo));
+      return pair_of(geometry::midpoint(at(LMo), at(UMo)));
     case GnX:
-      return geometry::cross_point(at(N), at(PogR), at(Me), at(GoL));
+      return pair_of(geometry::cross_point(at(N), at(PogR), at(Me), at(GoL)));
     case CC:
-      return geometry::cross_point(at(Ba), at(N), at(PT), at(Gn));
+      return pair_of(geometry::cross_point(at(Ba), at(N), at(PT), at(Gn)));
     case GoX:
-      return geometry::cross_point(at(GoL), at(Me), at(Ar), at(GoP));
+      return pair_of(geometry::cross_point(at(GoL), at(Me), at(Ar), at(GoP)));
     case RamusGoX:
-      return geometry::cross_point(at(Ar), at(GoP), at(Me), at(GoL));
+      return pair_of(geometry::cross_point(at(Ar), at(GoP), at(Me), at(GoL)));
     default:
-      return {};
+      return pair_of(constructed_whole(point));
   }
+}
+
+double built_angle(const Film &film, int p, int q, int r, int t) {
+  const geometry::Pair from_p = film.pair(p);
+  const geometry::Pair u = film.pair(q) - from_p;
+  const geometry::Pair from_r = film.pair(r);
+  return geometry::signed_angle(u, film.pair(t) - from_r);
 }
 
 double setback(const Film &film, int p, int r, int t) {
@@ -159,7 +158,7 @@ double wits(const Film &film, int p, int q, int r, int t) {
     case Measure::length:
       return geometry::integer_length(film.whole(p), film.whole(q), film.scale());
     case Measure::built_angle:
-      return geometry::signed_angle(film.real(p), film.real(q), film.real(r), film.real(t));
+      return built_angle(film, p, q, r, t);
     case Measure::real_length:
       return geometry::length(film.real(p), film.real(q), film.scale());
     case Measure::to_foot:
@@ -209,7 +208,7 @@ double measured(const Film &film, int analysis, const Item &item) {
   double value = 0.0;
   if (item.measure == Measure::angle) [[likely]] {
     const auto [p, q, r, t] = item.points;
-    value = geometry::signed_angle(film.direction(p, q), film.direction(r, t));
+    value = film.angle(p, q, r, t);
   } else if (item.measure >= Measure::difference) {
     return item_measure(film, analysis, item);
   } else {

@@ -7,6 +7,7 @@
 #include "tool/geometry/arc_tangent.h"
 #include "tool/geometry/constants.h"
 #include "tool/geometry/distances.h"
+#include "tool/geometry/pair.h"
 
 namespace geometry {
 
@@ -15,14 +16,16 @@ namespace detail {
 /// The rules for directions that are parallel or nearly so.
 double nearly_parallel_angle(const CPointD &u, const CPointD &v);
 
-/// On bare coordinates, which stay in registers. Kept out of line: inlined into its callers it makes them
-/// pack the coordinates through memory, which costs more than the call.
-[[gnu::noinline]] inline double signed_angle(double ux, double uy, double vx, double vy) {
-  const double dot = vx * ux + vy * uy;
-  const double cross = ux * vy - uy * vx;
+/// Kept out of line: inlined into its callers it makes them pass the directions through memory, which costs
+/// more than the call.
+[[gnu::noinline]] inline double signed_angle(Pair u, Pair v) {
+  const Pair alike = u * v;
+  const Pair crosswise = u * Pair{v[1], v[0]};
+  const double dot = alike[0] + alike[1];
+  const double cross = crosswise[0] - crosswise[1];
   const double across = std::abs(cross);
   if (!(across > 1e-4 * std::abs(dot))) [[unlikely]]
-    return nearly_parallel_angle({ux, uy}, {vx, vy});
+    return nearly_parallel_angle({u[0], u[1]}, {v[0], v[1]});
   return std::copysign(angle_of_legs(across, dot), -cross) * degrees_per_radian;
 }
 
@@ -36,12 +39,20 @@ double nearly_parallel_angle(const CPointD &u, const CPointD &v);
 /// that comes nearer to v (a tie: positive). The cross product decides the same without turning anything, and
 /// well away from parallel the arc tangent gives the same size without the two square roots.
 inline double signed_angle(const CPointD &u, const CPointD &v) {
-  return detail::signed_angle(u.x, u.y, v.x, v.y);
+  return detail::signed_angle(Pair{u.x, u.y}, Pair{v.x, v.y});
 }
 
 /// Signed angle from line a1a2 to line b1b2.
 inline double signed_angle(const CPointD &a1, const CPointD &a2, const CPointD &b1, const CPointD &b2) {
-  return detail::signed_angle(a2.x - a1.x, a2.y - a1.y, b2.x - b1.x, b2.y - b1.y);
+  return signed_angle(a2 - a1, b2 - b1);
+}
+/// Between directions as pairs.
+inline double signed_angle(Pair u, Pair v) {
+  return detail::signed_angle(u, v);
+}
+/// The same between whole pixels, whose differences are exact.
+inline double signed_angle(const POINT &a1, const POINT &a2, const POINT &b1, const POINT &b2) {
+  return detail::signed_angle(pair_of(a2) - pair_of(a1), pair_of(b2) - pair_of(b1));
 }
 
 /// Angle at the vertex between the arms towards a and c, 0 to 180; -1 for an arm without length.
