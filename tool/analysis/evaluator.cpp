@@ -30,6 +30,28 @@ bool is_prediction(std::string_view item_text) {
   return token == "[PLTU]" || token == "[PLTL]";
 }
 
+/// The term's value on its points, which are asked for one after another.
+template <class PointOfTerm>
+double measured(const Instruction &instruction, double scale, PointOfTerm point) {
+  const CPointD a = point(0);
+  const CPointD b = point(1);
+  switch (instruction.operation) {
+    case Operation::distance:
+      return geometry::length(a, b, scale);
+    case Operation::distance_x:
+      return b.x < a.x ? -geometry::length(a, b, scale) : geometry::length(a, b, scale);
+    case Operation::distance_y:
+      return b.y < a.y ? -geometry::length(a, b, scale) : geometry::length(a, b, scale);
+    default:
+      break;
+  }
+  const CPointD c = point(2);
+  const double angle = instruction.operation == Operation::vertex_angle
+                           ? formula_vertex_angle(a, b, c)
+                           : formula_line_angle(a, b, c, point(3));
+  return instruction.precision < 0 ? angle : to_precision(angle, instruction.precision);
+}
+
 }  // namespace
 
 Evaluator::Evaluator(const Tracing &tracing, const Patient &patient, const Analysis *analysis,
@@ -129,29 +151,15 @@ double Evaluator::measure(const Program &program, const Instruction &instruction
     add_reason(Reason::Kind::unplaced_point, program.points[instruction.points[0]].name);
     return 0.0;
   }
-  std::array<CPointD, 4> p;
-  for (std::size_t k = 0; k < instruction.point_count; ++k) {
-    const PointNode &node = program.points[instruction.points[k]];
-    p[k] = node.kind == PointNode::Kind::landmark ? landmark(node) : point(program, instruction.points[k]);
+  if (instruction.on_landmarks && !collect_) {
+    const POINT *const landmarks = tracing_->landmarks().data();
+    return measured(instruction, tracing_->scale(), [&](std::size_t k) {
+      const POINT &p = landmarks[instruction.landmarks[k]];
+      return CPointD(p.x, p.y);
+    });
   }
-  switch (instruction.operation) {
-    case Operation::distance:
-      return geometry::length(p[0], p[1], tracing_->scale());
-    case Operation::distance_x: {
-      const double length = geometry::length(p[0], p[1], tracing_->scale());
-      return p[1].x < p[0].x ? -length : length;
-    }
-    case Operation::distance_y: {
-      const double length = geometry::length(p[0], p[1], tracing_->scale());
-      return p[1].y < p[0].y ? -length : length;
-    }
-    default:
-      break;
-  }
-  const double angle = instruction.operation == Operation::vertex_angle
-                           ? formula_vertex_angle(p[0], p[1], p[2])
-                           : formula_line_angle(p[0], p[1], p[2], p[3]);
-  return instruction.precision < 0 ? angle : to_precision(angle, instruction.precision);
+  return measured(instruction, tracing_->scale(),
+                  [&](std::size_t k) { return point(program, instruction.points[k]); });
 }
 
 double Evaluator::model_item(const Instruction &instruction) {
@@ -268,56 +276,59 @@ double Evaluator::reference(const Instruction &instruction) {
   return sd == 0.0 ? 0.0 : (value - mean) / sd;
 }
 
-ItemOutcome Evaluator::item(std::size_t index) {
+const ItemOutcome &Evaluator::item(std::size_t index) {
   Memory &memory = memory_[in_norm_formula_ ? 1 : 0];
   const Status known_here = in_norm_formula_ ? known_in_norm_formula : known;
   if ((status_[index] & known_here) != 0) {
     if (collect_ && !reason_) reason_ = memory.reasons[index];
     return memory.outcomes[index];
   }
+  if (memory.outcomes.empty()) memory.outcomes.resize(analysis_->items().size());
   const int cuts_before = cuts_;
   std::optional<Reason> outer;
   if (collect_) outer = take_reason();
-  const ItemOutcome outcome = enter_item(index);
+  enter_item(index, memory.outcomes[index]);
   // What rests on a reference that was not followed depends on where the evaluation came from.
   if (cuts_ == cuts_before) {
     status_[index] |= known_here;
-    if (memory.outcomes.empty()) memory.outcomes.resize(analysis_->items().size());
-    memory.outcomes[index] = outcome;
     if (collect_) {
       if (memory.reasons.empty()) memory.reasons.resize(analysis_->items().size());
       memory.reasons[index] = reason_;
     }
   }
   if (outer) reason_ = std::move(outer);
-  return outcome;
+  return memory.outcomes[index];
 }
 
-ItemOutcome Evaluator::enter_item(std::size_t index) {
+void Evaluator::enter_item(std::size_t index, ItemOutcome &outcome) {
   if (depth_ == 0) evaluations_ = 0;
   ++evaluations_;
   ++depth_;
   status_[index] |= running_value;
-  const ItemOutcome outcome = evaluate_item(index);
+  evaluate_item(index, outcome);
   status_[index] = static_cast<unsigned char>(status_[index] & ~running_value);
   --depth_;
-  return outcome;
 }
 
-ItemOutcome Evaluator::evaluate_item(std::size_t index) {
+void Evaluator::evaluate_item(std::size_t index, ItemOutcome &outcome) {
   const CompiledItems &compiled = analysis_->compiled();
   const Item &item = compiled.items[index];
-  if (item.heading) return {};
+  outcome.kind = ItemOutcome::Kind::number;
+  outcome.value = 0.0;
+  if (item.heading) return;
   const ItemPlan &plan = compiled.plans[index];
-  const double value = run(compiled.program, plan.formula);
+  outcome.value = run(compiled.program, plan.formula);
   if (plan.formula.malformed_at >= 0) {
     const auto position = static_cast<std::size_t>(plan.formula.malformed_at);
     add_reason(Reason::Kind::malformed_formula, item.formula, position);
   }
-  if (value == -1.0 && is_prediction(item.text)) return {ItemOutcome::Kind::unformed, value, {}};
-  if (!plan.chooses) return {ItemOutcome::Kind::number, value, {}};
-  if (!plan.has_alternatives) return {ItemOutcome::Kind::bare_choice, value, {}};
-  return pick_alternative(plan, value);
+  if (outcome.value == -1.0 && is_prediction(item.text)) {
+    outcome.kind = ItemOutcome::Kind::unformed;
+  } else if (plan.chooses && !plan.has_alternatives) {
+    outcome.kind = ItemOutcome::Kind::bare_choice;
+  } else if (plan.chooses) {
+    outcome = pick_alternative(plan, outcome.value);
+  }
 }
 
 ItemOutcome Evaluator::pick_alternative(const ItemPlan &plan, double index) {

@@ -47,7 +47,8 @@ class Evaluator {
   double run(const Program &program, const Formula &formula);
   CPointD point(const Program &program, std::uint32_t index);
 
-  ItemOutcome item(std::size_t index);
+  /// Valid until the item is evaluated again or the tracing changes.
+  const ItemOutcome &item(std::size_t index);
   /// Writes the norm as it stands in the file, lengths scaled by the magnification; leaves `text` alone when
   /// there is none.
   void norm_text(std::size_t index, NormKind which, int kind, std::string &text);
@@ -70,8 +71,8 @@ class Evaluator {
   CPointD landmark(const PointNode &node);
   CPointD construct(const Program &program, const PointNode &node);
   CPointD effective_a_point() const;
-  ItemOutcome evaluate_item(std::size_t index);
-  ItemOutcome enter_item(std::size_t index);
+  void evaluate_item(std::size_t index, ItemOutcome &outcome);
+  void enter_item(std::size_t index, ItemOutcome &outcome);
   bool may_enter(std::size_t index);
   ItemOutcome pick_alternative(const ItemPlan &plan, double index);
   std::string evaluate_norm_formula(std::string_view field);

@@ -75,6 +75,7 @@ struct Instruction {
   Operation operation = Operation::nothing;
   std::int8_t precision = -1;    ///< angle3 and angle4: the digit; -1: full precision
   std::uint8_t point_count = 0;  ///< points that the term needs
+  bool on_landmarks = false;     ///< they are landmarks all: `landmarks` tells which
   std::int16_t model_number = -1;
   std::uint32_t position = 0;  ///< bytes from the start of the formula
   union {
@@ -85,6 +86,7 @@ struct Instruction {
     } choices;           ///< choose: operands [first, first + count)
     std::uint32_t item;  ///< references: index of the item, no_item when the file has none
   };
+  std::array<std::uint8_t, 4> landmarks;
   Operand left;
   Operand right;
   std::string_view item_text;

@@ -48,22 +48,20 @@ double nearly_parallel_angle(const CPointD &v, const CPointD &w) {
 
 }  // namespace
 
-double formula_vertex_angle(const CPointD &p0, const CPointD &p1, const CPointD &p2) {
-  const CPointD u = p2 - p1;
-  const CPointD v = p1 - p0;
-  const double cross = u.x * v.y - u.y * v.x;
-  if (is_well_apart(cross, dot(u, v))) return 180.0 - degrees_between(cross, dot(u, v));
-  const double lengths = norm(u) * norm(v);
+double detail::vertex_angle(double ux, double uy, double vx, double vy) {
+  const double cross = vx * uy - vy * ux;
+  const double dot = vx * ux + vy * uy;
+  if (is_well_apart(cross, dot)) return 180.0 - degrees_between(cross, dot);
+  const double lengths = norm({vx, vy}) * norm({ux, uy});
   if (lengths == 0.0) return 0.0;
-  return 180.0 - arc_degrees(dot(u, v) / lengths);
+  return 180.0 - arc_degrees(dot / lengths);
 }
 
-double formula_line_angle(const CPointD &p0, const CPointD &p1, const CPointD &p2, const CPointD &p3) {
-  const CPointD v = p1 - p0;
-  const CPointD w = p3 - p2;
-  const double cross = v.x * w.y - v.y * w.x;
-  if (!is_well_apart(cross, dot(v, w))) return nearly_parallel_angle(v, w);
-  return std::copysign(degrees_between(cross, dot(v, w)), cross);
+double detail::line_angle(double ux, double uy, double vx, double vy) {
+  const double cross = ux * vy - uy * vx;
+  const double dot = ux * vx + uy * vy;
+  if (!is_well_apart(cross, dot)) return nearly_parallel_angle({ux, uy}, {vx, vy});
+  return std::copysign(degrees_between(cross, dot), cross);
 }
 
 }  // namespace analysis

@@ -283,6 +283,7 @@ std::size_t FormulaCompiler::append_measurement(Term term, std::size_t after_key
     at = std::min(at + 2, work_.size());  // the digit and its separator
   }
   instruction.point_count = needed.points;
+  instruction.on_landmarks = true;
   for (std::size_t k = 0; k < needed.points; ++k) {
     // A term does not stop at its ')' when it looks for its points: the next expression of the text counts.
     const std::optional<Point> point = point_at_or_after(at, 0);
@@ -293,6 +294,9 @@ std::size_t FormulaCompiler::append_measurement(Term term, std::size_t after_key
       break;
     }
     instruction.points[k] = point->node;
+    const PointNode &node = program_.points[point->node];
+    instruction.on_landmarks &= node.kind == PointNode::Kind::landmark;
+    instruction.landmarks[k] = static_cast<std::uint8_t>(node.landmark);
     at = point->end;
   }
   return consume_tokens(after_keyword, closing_parenthesis(at) + 1);

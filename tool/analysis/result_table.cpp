@@ -64,7 +64,7 @@ class RowBuilder {
       fill_tooth_row(index, row_);
       return &row_;
     }
-    const ItemOutcome outcome = evaluator_.item(index);
+    const ItemOutcome &outcome = evaluator_.item(index);
     if (explain_ == Explain::yes) row_.reason = evaluator_.take_reason();
     if (outcome.kind == ItemOutcome::Kind::unformed) return nullptr;
     fill_norms(index, item.kind, row_);
