@@ -8,73 +8,43 @@
 using namespace analysis;
 
 TEST(DefinitionFile, ClassifiesKeywordsThatStandAlone) {
-  const struct {
+  // Every keyword has a first and a second set; three stand without one.
+  const char *const keywords[] = {"Calc",   "Stage", "Stage_M", "Stage_F", "Mean",      "Mean_M",
+                                  "Mean_F", "SD",    "SD_M",    "SD_F",    "Stage_Type"};
+  int line_class = 2;
+  for (const std::string keyword : keywords) {
+    for (const char *first_set : {":", "1:"})
+      EXPECT_EQ(CCephCalc::Str_Check((keyword + first_set).c_str()), line_class) << keyword;
+    EXPECT_EQ(CCephCalc::Str_Check((keyword + "2:").c_str()), 100 + line_class) << keyword;
+    ++line_class;
+  }
+  struct Row {
     const char *line;
     int line_class;
-  } rows[] = {{"title:", 1},
-              {"Calc:", 2},
-              {"CALC:", 2},
-              {"calc1:", 2},
-              {"Stage:", 3},
-              {"Stage_M1:", 4},
-              {"Stage_F:", 5},
-              {"Mean:", 6},
-              {"Mean_M1:", 7},
-              {"mean_f:", 8},
-              {"SD1:", 9},
-              {"SD_M:", 10},
-              {"SD_F1:", 11},
-              {"Stage_Type:", 12},
-              {"STAGE_TYPE1:", 12},
-              {"Comment:", 13},
-              {"Diag:", 14},
-              {"Param:", 15},
-              {"Calc2:", 102},
-              {"Stage2:", 103},
-              {"Stage_M2:", 104},
-              {"Stage_F2:", 105},
-              {"Mean2:", 106},
-              {"Mean_M2:", 107},
-              {"Mean_F2:", 108},
-              {"SD2:", 109},
-              {"SD_M2:", 110},
-              {"SD_F2:", 111},
-              {"Stage_Type2:", 112},
-              {"Calc: ", 0},
-              {" Calc:", 0},
-              {"Calc", 0},
-              {"", 0},
-              {"Calc3:", 0},
-              {"SNA=angle1([S],[N],[A]):", 0}};
-  for (const auto &row : rows) EXPECT_EQ(CCephCalc::Str_Check(row.line), row.line_class) << row.line;
+  };
+  for (const Row &row :
+       {Row{"title:", 1}, Row{"CALC:", 2}, Row{"mean_f:", 8}, Row{"STAGE_TYPE1:", 12}, Row{"Comment:", 13},
+        Row{"Diag:", 14}, Row{"Param:", 15}, Row{"Calc: ", 0}, Row{" Calc:", 0}, Row{"Calc", 0}, Row{"", 0},
+        Row{"Calc3:", 0}, Row{"SNA=angle1([S],[N],[A]):", 0}})
+    EXPECT_EQ(CCephCalc::Str_Check(row.line), row.line_class) << row.line;
 }
 
 TEST(DefinitionFile, ReadsKindSuffixes) {
-  const struct {
-    const char *formula;
-    const char *rest;
-    int kind;
-    int flag;
-  } rows[] = {{"len([S],[N]):4", "len([S],[N])", 1, 0},
-              {"len([S],[N])", "len([S],[N])", 0, 1},
-              {"x:0", "x", 0, 1},
-              {"x:2", "x", 2, 1},
-              {"x:3", "x", 0, 0},
-              {"x:9", "x", 0, 0},
-              {"x:10", "x", 0, 3},
-              {"x:12", "x", 2, 3},
-              {"x:13", "x", 0, 2},
-              {"x:14", "x", 1, 2},
-              {"x:", "x", 0, 1},
-              // every character after the first ':' but the ':' themselves counts, and the last ':' cuts
-              {"x:1:1", "x:1", 1, 3}};
-  for (const auto &row : rows) {
-    char text[64] = {};
-    std::string(row.formula).copy(text, sizeof text - 1);
+  struct Row {
+    const char *formula, *rest;
+    int kind, flag;
+  };
+  // every character after the first ':' but the ':' themselves counts, and the last ':' cuts
+  for (const Row &row :
+       {Row{"len([S],[N]):4", "len([S],[N])", 1, 0}, Row{"len([S],[N])", "len([S],[N])", 0, 1},
+        Row{"x:0", "x", 0, 1}, Row{"x:2", "x", 2, 1}, Row{"x:3", "x", 0, 0}, Row{"x:9", "x", 0, 0},
+        Row{"x:10", "x", 0, 3}, Row{"x:12", "x", 2, 3}, Row{"x:13", "x", 0, 2}, Row{"x:14", "x", 1, 2},
+        Row{"x:", "x", 0, 1}, Row{"x:1:1", "x:1", 1, 3}}) {
+    std::string text = row.formula;
     int kind = -1;
     int flag = -1;
-    CCephCalc::GetType(text, &kind, &flag);
-    EXPECT_STREQ(text, row.rest) << row.formula;
+    CCephCalc::GetType(text.data(), &kind, &flag);
+    EXPECT_STREQ(text.c_str(), row.rest) << row.formula;
     EXPECT_EQ(kind, row.kind) << row.formula;
     EXPECT_EQ(flag, row.flag) << row.formula;
   }
@@ -113,43 +83,36 @@ TEST(DefinitionFile, CutsLongLinesAtAWholeCharacter) {
 }
 
 TEST(DefinitionFile, FindsTitleAndComment) {
-  EXPECT_EQ(DefinitionFile(support::crlf("stray\ntitle:\n\n\nNorth\nCalc:\n")).title(), "North");
-  EXPECT_EQ(DefinitionFile(support::crlf("title:\n\nCalc:\nx=1\n")).title(), "");
-  EXPECT_EQ(DefinitionFile(support::crlf("Comment:\n\nsecond\n")).comment(), "");
-  EXPECT_EQ(DefinitionFile(support::crlf("Comment:\nfirst\nsecond\n")).comment(), "first");
+  const auto file = [](const char *text) { return DefinitionFile(support::crlf(text)); };
+  EXPECT_EQ(file("stray\ntitle:\n\n\nNorth\nCalc:\n").title(), "North");
+  EXPECT_EQ(file("title:\n\nCalc:\nx=1\n").title(), "");
+  EXPECT_EQ(file("Comment:\n\nsecond\n").comment(), "");
+  EXPECT_EQ(file("Comment:\nfirst\nsecond\n").comment(), "first");
 }
 
 TEST(DefinitionFolder, NamesTheFileOfEveryMode) {
   const support::AnalysisItemFolder folder;
-  for (const char *name : {"CalcForm", "CalcForm_PA", "CalcForm_Model", "CalcForm_Diag", "."}) {
-    folder.write(std::string(name) + "/list.txt", "\nfirst.txt\n\n\nsecond.txt\n");
-  }
-  struct Row {
-    int mode;
-    int index;
-    std::string expected;
-  };
-  for (const Row &row :
-       {Row{0, 0, folder.path() + "CalcForm/first.txt"}, Row{0, 1, folder.path() + "CalcForm/second.txt"},
-        Row{0, 2, ""}, Row{0, -1, folder.path() + "CalcForm\\Ricketts.txt"},
-        Row{1, 1, folder.path() + "CalcForm_PA/second.txt"}, Row{1, -1, ""},
-        Row{2, 0, folder.path() + "CalcForm_Model/first.txt"},
-        Row{10, 0, folder.path() + "CalcForm_Diag/first.txt"}, Row{11, 0, folder.path() + "first.txt"},
-        Row{20, 7, folder.path() + "CalcForm_Surg\\Surgery.txt"}})
-    EXPECT_EQ(CCephCalc::FormFile(row.mode, row.index), row.expected.c_str());
-}
-
-TEST(DefinitionFolder, AnswersEmptyWithoutAList) {
-  const support::AnalysisItemFolder folder;
   EXPECT_TRUE(CCephCalc::FormFile(0, 0).IsEmpty());
   EXPECT_TRUE(CCephCalc::GetComment(0, 0).IsEmpty());
-  EXPECT_TRUE(CCephCalc::Get_Title((folder.path() + "none.txt").c_str()).IsEmpty());
+  for (const std::string name : {"CalcForm", "CalcForm_PA", "CalcForm_Model", "CalcForm_Diag", "."})
+    folder.write(name + "/list.txt", "\nfirst.txt\n\n\nsecond.txt\n");
+  struct Row {
+    int mode, index;
+    const char *file;
+  };
+  for (const Row &row :
+       {Row{0, 0, "CalcForm/first.txt"}, Row{0, 1, "CalcForm/second.txt"}, Row{0, 2, ""},
+        Row{0, -1, "CalcForm\\Ricketts.txt"}, Row{1, 1, "CalcForm_PA/second.txt"}, Row{1, -1, ""},
+        Row{2, 0, "CalcForm_Model/first.txt"}, Row{10, 0, "CalcForm_Diag/first.txt"}, Row{11, 0, "first.txt"},
+        Row{20, 7, "CalcForm_Surg\\Surgery.txt"}})
+    EXPECT_EQ(CCephCalc::FormFile(row.mode, row.index), (*row.file ? folder.path() + row.file : "").c_str())
+        << row.file;
 }
 
 TEST(DefinitionFolder, SeesAnEditedFileAtTheNextCall) {
   const support::AnalysisItemFolder folder;
-  folder.write_lateral("Comment:\nfirst\n");
-  EXPECT_STREQ(CCephCalc::GetComment(0, 0), "first");
-  folder.write_lateral("Comment:\nsecond\n");
-  EXPECT_STREQ(CCephCalc::GetComment(0, 0), "second");
+  for (const std::string comment : {"first", "second"}) {
+    folder.write_lateral("Comment:\n" + comment + "\n");
+    EXPECT_EQ(CCephCalc::GetComment(0, 0), comment.c_str());
+  }
 }
