@@ -42,8 +42,7 @@ TEST(DisplaySettings, DrawLinesInTheCurrentState) {
 
 TEST(DisplaySettings, PackLabels) {
   const struct {
-    const char *lines;
-    const char *label;
+    const char *lines, *label;
   } rows[] = {{"Color=255,0,0\nDecimal=1\nPos=Top\n=len([S],[N])\n", "2550000001TopSIZE=15CALC=len([S],[N])"},
               {"=x\n", "0000000000SIZE=15CALC=x"},
               {"decimal=0.5\nsize=9\n=x\n", "0000000009SIZE=9CALC=x"},

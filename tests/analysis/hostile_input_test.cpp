@@ -230,15 +230,13 @@ TEST(HostileInput, ListsThatLie) {
 
 TEST(HostileInput, FoldersInPlaceOfFilesAndNoFolderAtAll) {
   HostileScene scene;
-  {
-    const support::AnalysisItemFolder folder;
-    for (const char *file : {"CalcForm/list.txt", "CalcForm/Ricketts.txt", "CalcForm_Surg/Surgery.txt"})
-      folder.write(file + "/inner"s, "");
-    call_everything(scene);
-    EXPECT_EQ(CCephCalc::FormFile(0, 0), "");
-  }
   call_everything(scene);
   EXPECT_EQ(CCephCalc::Get_RickettsStage(1, 10.0, 3.0), 0);
+  const support::AnalysisItemFolder folder;
+  for (const char *file : {"CalcForm/list.txt", "CalcForm/Ricketts.txt", "CalcForm_Surg/Surgery.txt"})
+    folder.write(file + "/inner"s, "");
+  call_everything(scene);
+  EXPECT_EQ(CCephCalc::FormFile(0, 0), "");
 }
 
 // References

@@ -31,9 +31,7 @@ TEST(Norms, PickBlockSexAndColumn) {
                     "Mean_M2:\nm=31\nSD:\nm=5\nMean:\nm=41\nboth=8,9\nTitle:\nlost=1\n")};
   const struct {
     const char *item;
-    int sex;
-    int age_code;
-    int which;
+    int sex, age_code, which;
     const char *expected;
   } rows[] = {{"m", 1, 0, 0, "1"},    {"m", 1, 203, 0, "4"},  {"m", 1, 99, 0, "4"}, {"m", 2, 1, 0, "12"},
               {"m", 0, 1, 0, "12"},   {"s", 1, 203, 0, "23"}, {"s", 1, 3, 0, "21"}, {"m", 1, 0, 1, "5"},
@@ -133,8 +131,7 @@ TEST(Stages, MatchAgesAndDentalStages) {
   const std::string path = folder.path() + "s.txt";
   const struct {
     int sex;
-    double age;
-    double dental;
+    double age, dental;
     int index;
     const char *name;
   } rows[] = {

@@ -50,39 +50,35 @@ TEST(Arch, StraightDistanceIgnoresCountAndRange) {
   EXPECT_EQ(out.x, -7.0) << "not written";
 }
 
-TEST(GetSPLinePt, MapsToTheView) {
-  tagPOINT points[] = {{10, 20}, {300, 40}};
-  for (const int flip : {0, 1}) {
-    for (const short count : {short{1}, short{2}}) {
-      CUIntArray xs, ys;
-      ASSERT_EQ(CModelTool::GetSPLinePt(&xs, &ys, CPoint(3, 4), 0.55, points, count, 0, flip), count);
-      EXPECT_EQ(xs.GetAt(0), 5u - 3u);
-      EXPECT_EQ(static_cast<int>(ys.GetAt(0)), (11 - 4) * (flip ? -1 : 1));
-      if (count == 2) {
-        EXPECT_EQ(xs.GetAt(1), 165u - 3u);
-        EXPECT_EQ(static_cast<int>(ys.GetAt(1)), (22 - 4) * (flip ? -1 : 1));
-      }
-    }
-  }
-}
-
-TEST(GetSPLinePt, AppendsBehindWhatIsThere) {
-  tagPOINT points[] = {{0, 0}, {100, 0}, {50, 80}};
+TEST(GetSPLinePt, AppendsThePointsOfTheView) {
+  const auto view_of = [](std::vector<tagPOINT> points, bool closed, bool flip, CPoint origin, double zoom) {
+    CUIntArray xs, ys;
+    xs.Add(77);
+    ys.Add(88);
+    const int added = CModelTool::GetSPLinePt(&xs, &ys, origin, zoom, points.data(),
+                                              static_cast<short>(points.size()), closed, flip);
+    EXPECT_EQ(xs.GetSize(), added + 1);
+    EXPECT_EQ(ys.GetSize(), added + 1);
+    EXPECT_EQ(xs.GetAt(0), 77u);
+    std::vector<CPoint> view;
+    for (int i = 1; i <= added; ++i)
+      view.emplace_back(static_cast<int>(xs.GetAt(i)), static_cast<int>(ys.GetAt(i)));
+    return view;
+  };
+  using Points = std::vector<CPoint>;
+  EXPECT_EQ(view_of({{10, 20}}, false, false, {3, 4}, 0.55), (Points{{5 - 3, 11 - 4}}));
+  EXPECT_EQ(view_of({{10, 20}, {300, 40}}, false, false, {3, 4}, 0.55),
+            (Points{{5 - 3, 11 - 4}, {165 - 3, 22 - 4}}));
+  EXPECT_EQ(view_of({{10, 20}, {300, 40}}, false, true, {3, 4}, 0.55),
+            (Points{{5 - 3, 4 - 11}, {165 - 3, 4 - 22}}));
+  EXPECT_EQ(view_of({}, false, false, {0, 0}, 1.0), Points());
+  EXPECT_EQ(view_of({{0, 0}, {100, 0}, {50, 80}}, false, false, {0, 0}, 1.0).back(), CPoint(50, 80));
+  const Points closed = view_of({{0, 0}, {100, 0}, {50, 80}}, true, true, {0, 0}, 1.0);
+  EXPECT_EQ(closed.front(), CPoint(0, 0));
+  EXPECT_EQ(closed.back(), CPoint(100, 0));
+  tagPOINT none[1] = {};
   CUIntArray xs, ys;
-  xs.Add(77);
-  ys.Add(88);
-  const int open = CModelTool::GetSPLinePt(&xs, &ys, CPoint(0, 0), 1.0, points, 3, 0, 0);
-  EXPECT_EQ(xs.GetSize(), open + 1);
-  EXPECT_EQ(ys.GetSize(), open + 1);
-  EXPECT_EQ(xs.GetAt(0), 77u);
-  EXPECT_EQ(xs.GetAt(open), 50u);
-  EXPECT_EQ(CModelTool::GetSPLinePt(&xs, &ys, CPoint(0, 0), 1.0, points, 0, 0, 0), 0);
-  EXPECT_EQ(CModelTool::GetSPLinePt(&xs, &ys, CPoint(0, 0), 1.0, points, -3, 1, 0), 0);
-  CUIntArray closed_xs, closed_ys;
-  const int closed = CModelTool::GetSPLinePt(&closed_xs, &closed_ys, CPoint(0, 0), 1.0, points, 3, 1, 1);
-  ASSERT_EQ(closed_xs.GetSize(), closed);
-  EXPECT_EQ(closed_xs.GetAt(0), 0u);
-  EXPECT_EQ(closed_xs.GetAt(closed - 1), 100u);
+  EXPECT_EQ(CModelTool::GetSPLinePt(&xs, &ys, CPoint(0, 0), 1.0, none, -3, 1, 0), 0);
 }
 
 TEST(GetSPLinePointd, LeavesItsOutputAloneBeyondTheCurve) {

@@ -5,8 +5,7 @@
 namespace {
 
 struct Row {
-  const char *path;
-  const char *expected;
+  const char *path, *expected;
 };
 
 TEST(Path, trailingDelimiterIsAddedOnce) {
@@ -29,11 +28,8 @@ TEST(Path, trailingDelimiterIsRemoved) {
 
 TEST(Path, splitsIntoParts) {
   struct Parts {
-    const char *path;
-    const char *drive;
-    const char *folder;
-    const char *title;
-    const char *extension;
+    const char *path, *drive;
+    const char *folder, *title, *extension;
   };
   const Parts rows[] = {{"C:\\a\\b.txt", "C:", "C:\\a\\", "b", ".txt"},
                         {"/a/b.c.d", "", "/a/", "b.c", ".d"},

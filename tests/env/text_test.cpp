@@ -38,8 +38,7 @@ TEST(NumberText, keepsAtLeastTheDecimalsAskedFor) {
 
 TEST(PrintedWithoutArguments, interpretsPercentSigns) {
   struct Row {
-    const char *format;
-    const char *printed;
+    const char *format, *printed;
   };
   const Row rows[] = {{"", ""},         {"plain", "plain"}, {"50%% of", "50% of"}, {"100%", "100"},
                       {"%%%%", "%%"},   {"a%db", "ab"},     {"a%-08.3lfb", "ab"},  {"%s%n%p", ""},

@@ -61,18 +61,14 @@ TEST(ModelItems, FurtherDistancesIgnorePresence) {
   };
   for (const Row &row : {Row{6, 1, true}, Row{7, 0, true}, Row{14, 1, false}, Row{15, 0, false}}) {
     Cast cast(8, 7);
-    std::fill(std::begin(cast.tracing.present), std::end(cast.tracing.present),
-              static_cast<unsigned char>(0));
+    for (unsigned char &flag : cast.tracing.present) flag = 0;
     POINT *points = (row.upper ? cast.tracing.upper : cast.tracing.lower)[6] + 2 * row.pair;
-    double &typed = (row.upper ? cast.typed.upperExtra : cast.typed.lowerExtra)[row.pair][0];
-    points[0] = {10, 10};
-    points[1] = {310, 410};
-    EXPECT_DOUBLE_EQ(cast.item(row.item).a, 50.0) << row.item;
-    EXPECT_EQ(cast.item(row.item).b, -2.0) << row.item;
-    typed = 33.0;
-    EXPECT_EQ(cast.item(row.item).a, 33.0) << row.item;
-    typed = -1.0;
-    EXPECT_EQ(cast.item(row.item).a, 0.0) << row.item;
+    points[1] = {300, 400};
+    for (const auto &[typed, length] : {std::pair{0.0, 50.0}, {33.0, 33.0}, {-1.0, 0.0}}) {
+      (row.upper ? cast.typed.upperExtra : cast.typed.lowerExtra)[row.pair][0] = typed;
+      EXPECT_DOUBLE_EQ(cast.item(row.item).a, length) << row.item;
+      EXPECT_EQ(cast.item(row.item).b, -2.0) << row.item;
+    }
   }
 }
 

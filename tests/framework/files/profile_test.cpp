@@ -66,12 +66,9 @@ TEST(PrivateProfile, reads) {
 
 TEST(PrivateProfile, writesOneLineAndKeepsTheOthers) {
   struct Row {
-    const char *name;
-    const char *before;
-    const char *section;
-    const char *key;
-    const char *value;
-    const char *after;
+    const char *name, *before;
+    const char *section, *key;
+    const char *value, *after;
   };
   const Row rows[] = {
       {"change", "[A]\r\nx = 1 \r\n;c\r\ny=2\r\n", "a", "X", "9", "[A]\r\nX=9\r\n;c\r\ny=2\r\n"},

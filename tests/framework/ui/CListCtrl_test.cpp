@@ -14,11 +14,14 @@ std::string column(const CListCtrl &list, int sub_item) {
 
 TEST(ListCtrl, insertsRowsWhereAsked) {
   CListCtrl list;
-  EXPECT_EQ(list.InsertItem(5, "b"), 0);  // beyond the end: appended
-  EXPECT_EQ(list.InsertItem(0, "a"), 0);
-  EXPECT_EQ(list.InsertItem(2, "d"), 2);
-  EXPECT_EQ(list.InsertItem(2, nullptr), 2);
-  EXPECT_EQ(list.InsertItem(-1, "x"), -1);
+  struct Row {
+    int at;
+    const char *text;
+    int placed;
+  };
+  for (const Row &row :
+       {Row{5, "b", 0}, Row{0, "a", 0}, Row{2, "d", 2}, Row{2, nullptr, 2}, Row{-1, "x", -1}})
+    EXPECT_EQ(list.InsertItem(row.at, row.text), row.placed) << row.at;
   EXPECT_EQ(column(list, 0), "a b  d ");
   EXPECT_TRUE(list.DeleteItem(2));
   EXPECT_FALSE(list.DeleteItem(3));
@@ -30,17 +33,10 @@ TEST(ListCtrl, keepsTextsWithAndWithoutColumns) {
   list.InsertColumn(0, "Item", LVCFMT_LEFT, 100);
   list.InsertItem(0, "N");
   EXPECT_TRUE(list.SetItemText(0, 3, "value"));
-  EXPECT_EQ(list.GetItemText(0, 3), "value");
-  EXPECT_EQ(list.GetItemText(0, 2), "");
-  EXPECT_EQ(list.GetItemText(0, 9), "");
-  struct Row {
-    int row;
-    int sub_item;
-  };
-  for (const Row &bad : {Row{1, 0}, {-1, 0}, {0, -1}, {0, 0x7FFFFFFF}}) {
-    EXPECT_FALSE(list.SetItemText(bad.row, bad.sub_item, "x"));
-    EXPECT_EQ(list.GetItemText(bad.row, bad.sub_item), "");
-  }
+  for (const auto &[row, sub_item] : {std::pair{1, 0}, {-1, 0}, {0, -1}, {0, 0x7FFFFFFF}})
+    EXPECT_FALSE(list.SetItemText(row, sub_item, "x"));
+  for (const auto &[row, sub_item] : {std::pair{1, 0}, {-1, 0}, {0, -1}, {0, 0x7FFFFFFF}, {0, 2}, {0, 9}})
+    EXPECT_EQ(list.GetItemText(row, sub_item), "");
   char buffer[4] = "???";
   EXPECT_EQ(list.GetItemText(0, 3, buffer, 4), 3);
   EXPECT_STREQ(buffer, "val");
@@ -87,15 +83,18 @@ TEST(ListCtrl, keepsItemData) {
 TEST(ListCtrl, walksSelectedRows) {
   CListCtrl list;
   for (int i = 0; i < 5; ++i) list.InsertItem(i, "x");
-  list.SetItemState(1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-  list.SetItemState(3, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-  EXPECT_EQ(list.GetNextItem(-1, LVNI_SELECTED), 1);
-  EXPECT_EQ(list.GetNextItem(1, LVNI_SELECTED), 3);
-  EXPECT_EQ(list.GetNextItem(3, LVNI_SELECTED), -1);
-  EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), 3);  // the focus has moved on
-  EXPECT_EQ(list.GetNextItem(-1, LVNI_ALL), 0);
-  EXPECT_EQ(list.GetNextItem(4, LVNI_ALL), -1);
-  EXPECT_EQ(list.GetNextItem(0x7FFFFFFF, LVNI_ALL), -1);
+  for (const int row : {1, 3})
+    list.SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+  struct Row {
+    int from;
+    UINT flags;
+    int next;
+  };
+  // the focus has moved on to the second of them
+  for (const Row &row :
+       {Row{-1, LVNI_SELECTED, 1}, Row{1, LVNI_SELECTED, 3}, Row{3, LVNI_SELECTED, -1},
+        Row{-1, LVNI_FOCUSED, 3}, Row{-1, LVNI_ALL, 0}, Row{4, LVNI_ALL, -1}, Row{0x7FFFFFFF, LVNI_ALL, -1}})
+    EXPECT_EQ(list.GetNextItem(row.from, static_cast<int>(row.flags)), row.next) << row.from;
   list.DeleteItem(0);
   EXPECT_EQ(list.GetNextItem(-1, LVNI_SELECTED), 0);
   list.SetItemState(-1, 0, LVIS_SELECTED);
@@ -107,17 +106,17 @@ TEST(ListCtrl, findsRows) {
   CListCtrl list;
   for (const char *text : {"Alpha", "beta", "ALPHABET"}) list.InsertItem(list.GetItemCount(), text);
   list.SetItemData(1, 42);
-  const LVFINDINFO whole{LVFI_STRING, "alpha", 0};
-  const LVFINDINFO part{LVFI_STRING | LVFI_PARTIAL, "alpha", 0};
-  const LVFINDINFO around{LVFI_STRING | LVFI_WRAP, "alpha", 0};
-  const LVFINDINFO data{LVFI_PARAM, nullptr, 42};
-  EXPECT_EQ(list.FindItem(&whole), 0);
-  EXPECT_EQ(list.FindItem(&whole, 0), -1);
-  EXPECT_EQ(list.FindItem(&around, 0), 0);
-  EXPECT_EQ(list.FindItem(&part, 0), 2);
-  EXPECT_EQ(list.FindItem(&data), 1);
-  EXPECT_EQ(list.FindItem(&data, 99), -1);
-  EXPECT_EQ(CListCtrl().FindItem(&around), -1);
+  struct Row {
+    LVFINDINFO wanted;
+    int after, found;
+  };
+  for (const Row &row :
+       {Row{{LVFI_STRING, "alpha", 0}, -1, 0}, Row{{LVFI_STRING, "alpha", 0}, 0, -1},
+        Row{{LVFI_STRING | LVFI_WRAP, "alpha", 0}, 0, 0}, Row{{LVFI_STRING | LVFI_PARTIAL, "alpha", 0}, 0, 2},
+        Row{{LVFI_PARAM, nullptr, 42}, -1, 1}, Row{{LVFI_PARAM, nullptr, 42}, 99, -1}}) {
+    EXPECT_EQ(list.FindItem(&row.wanted, row.after), row.found);
+    EXPECT_EQ(CListCtrl().FindItem(&row.wanted), -1);
+  }
 }
 
 TEST(ListCtrl, sortsByItemDataAndKeepsEqualRowsInOrder) {
@@ -147,18 +146,16 @@ TEST(ComboBox, keepsTextsDataAndSelection) {
   EXPECT_EQ(combo.InsertString(0, "a"), 0);
   EXPECT_EQ(combo.GetCurSel(), 2);  // the same text stays selected
   EXPECT_EQ(combo.InsertString(-1, "e"), 3);
-  EXPECT_EQ(combo.InsertString(9, "x"), CB_ERR);
   EXPECT_EQ(combo.SetItemData(1, 7), 0);
-  EXPECT_EQ(combo.SetItemData(9, 7), CB_ERR);
   EXPECT_EQ(combo.DeleteString(0), 3);
-  EXPECT_EQ(combo.DeleteString(9), CB_ERR);
+  for (const int answer : {combo.InsertString(9, "x"), combo.SetItemData(9, 7), combo.DeleteString(9),
+                           static_cast<int>(combo.GetItemData(9)), CComboBox().SetCurSel(0)})
+    EXPECT_EQ(answer, CB_ERR);
   EXPECT_EQ(combo.GetItemData(0), 7u);
   EXPECT_EQ(combo.GetItemData(1), 0u);
-  EXPECT_EQ(combo.GetItemData(9), static_cast<DWORD_PTR>(CB_ERR));
   EXPECT_EQ(combo.GetCurSel(), 1);
   EXPECT_EQ(combo.DeleteString(1), 2);
   EXPECT_EQ(combo.GetCurSel(), CB_ERR);
-  EXPECT_EQ(combo.SetCurSel(2), CB_ERR);
   combo.SetCurSel(0);
   combo.ResetContent();
   EXPECT_EQ(combo.GetCount(), 0);
