@@ -158,8 +158,7 @@ std::vector<std::string> hostile_files() {
           "\r\nI0=x\r\nSD:\r\nSNA=(|9\r\nI0=mean(\"I0\")|1\r\n",
       "Calc:\r\nSNA=1+1\r\nMean:\r\nSNA=" + repeated("9", 450),
       // sentences: format directives, empty parameters, markers alone
-      "Param:\r\n1;2;3;4;5;6:a;b;c;d;e;f;g\r\nDiag:\r\n1+1=%n;%s%s%s;%n%n;%999999999d%*d;%s\r\n%s%n[NEXT]"
-      "\r\n",
+      "Param:\r\n1;2;3;4;5;6:a;b;c;d;e;f;g\r\nDiag:\r\n1+1=%n;%s%s%s;%n%n;%999999999d%*d;%s\r\n%s%n\r\n",
       "Param:\r\n;;;;;;;;;;:;;;;;;;;;;;;\r\nDiag:\r\n1+1=;;;;;;;;\r\n=;\r\nParam:",
       "Diag:\r\n[NEXT][NEXT]\r\n[ENTER][ENTER][ENTER]\r\n1+1=a;[BOTTOM];[ENTER]\r\n[NEXT]",
       "Stage_Type:\r\nStage:\r\n=\r\na=-\r\nb=--\r\nc=1-2-3\r\nd=1e400-nan\r\ne=VA-" + repeated("I", 400),
