@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <vector>
 
+#include "tool/framework/gdi/pixel_device.h"
 #include "tool/framework/text/cp932.h"
 #include "tool/framework/ui/message_box.h"
 
@@ -47,6 +48,10 @@ std::string running_program() {
 std::atomic<Platform *> installed_platform{nullptr};
 
 }  // namespace
+
+std::unique_ptr<DrawingDevice> Platform::make_image_device(PixelSpan pixels) {
+  return std::make_unique<PixelDevice>(pixels);
+}
 
 HeadlessPlatform::HeadlessPlatform() : module(running_program()) {
   if (const std::string folder = user_folder("XDG_CONFIG_HOME", "/.config"); !folder.empty())

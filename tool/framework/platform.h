@@ -7,11 +7,15 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 
+#include "tool/framework/gdi/pixels.h"
 #include "tool/framework/types.h"
 
 namespace framework {
+
+class DrawingDevice;
 
 struct MessageBox {
   std::string text;     ///< code page 932
@@ -36,6 +40,9 @@ class Platform {
   virtual std::string drive_folder(char letter) const = 0;
   /// The native folder for the profile and the per-user registry values; empty: they are kept nowhere.
   virtual std::string configuration_folder() const = 0;
+  /// Paints on pixels in memory, which outlive the device. Without a back end: transfers, fills and regions
+  /// (PixelDevice), no lines and no text.
+  virtual std::unique_ptr<DrawingDevice> make_image_device(PixelSpan pixels);
 };
 
 /// The platform in use.

@@ -157,10 +157,19 @@ class CDC {
   int EndDoc();
 
  private:
-  framework::DeviceContext *context() const;
-  framework::DeviceContext *attributes() const;
+  // The context behind a handle, looked up again when the handle has changed or its context has gone. A null
+  // or stale handle has a context of its own without a device, so that no call needs to ask.
+  struct Cached {
+    HDC handle = nullptr;
+    std::shared_ptr<framework::DeviceContext> context;
+    framework::DeviceContext &look_up(HDC wanted);
+  };
+  framework::DeviceContext &context() const { return output_.look_up(m_hDC); }
+  framework::DeviceContext &attributes() const;
+  template <typename Change>
+  auto change_both(Change change);
 
-  bool owned_ = false;
-  mutable HDC resolved_ = nullptr;  // the handle that `context_` was looked up for
-  mutable framework::DeviceContext *context_ = nullptr;
+  HDC owned_ = nullptr;  // deleted at the end
+  mutable Cached output_;
+  mutable Cached attributes_;
 };

@@ -21,6 +21,9 @@ namespace framework {
 
 class DeviceContext;
 
+/// Index of the stock bitmap, 1 x 1, that a memory context holds before one is selected.
+inline constexpr int default_bitmap = 21;
+
 /// A pen as it was created; sizes in logical units.
 struct PenData {
   int style = PS_SOLID;  ///< with cap, join and type bits
@@ -53,15 +56,20 @@ class HandleTable {
   void *insert(HandleEntry entry);
   /// A copy of what the handle names; empty (std::monostate) for a bad handle.
   HandleEntry find(const void *handle) const;
+  /// The alternative of HandleEntry behind a handle; 0 for a bad one.
+  std::size_t kind(const void *handle) const;
   bool erase(const void *handle);  ///< false for a bad handle or a stock object
   std::size_t size() const;        ///< living entries, stock objects included
 
   /// A stock object's handle (WHITE_BRUSH ...); null for an unknown index.
   void *stock(int index) const;
 
-  /// The object that owns the handle (null: none any more).
+  /// The object that owns the handle (null: none any more). Stock objects have no owner.
   void set_owner(const void *handle, CGdiObject *owner);
   CGdiObject *owner(const void *handle) const;
+  /// The owner, else a wrapper that lives as long as the handle; null for a bad handle and for what is no
+  /// drawing object.
+  CGdiObject *object(void *handle);
 
   template <typename T>
   std::optional<T> get(const void *handle) const {

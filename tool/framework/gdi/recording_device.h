@@ -30,7 +30,8 @@ class RecordingDevice : public DrawingDevice {
   };
 
   /// A call as it came. Points: of a polyline or polygon; of a box its left top and right bottom, then corner
-  /// diameters, or the two rays of an arc; of a region its rectangles' or polygon's corners; else one point.
+  /// diameters, or the two rays of an arc; of a region its rectangles' or polygon's corners; of put_pixels
+  /// the target box and the part of the source; else one point.
   struct Call {
     Kind kind;
     std::span<const POINT> points;
@@ -39,7 +40,7 @@ class RecordingDevice : public DrawingDevice {
     std::string_view text;  ///< code page 932
     const LOGFONTA *font;   ///< of a text, else null
     COLORREF color;         ///< of a text, flood fill or pixel
-    DWORD operation;        ///< of put_pixels; the kind of a flood fill; the fill rule of a polygon
+    DWORD operation;        ///< of put_pixels; the kind of a flood fill or region; the fill rule of a polygon
     bool ignored;           ///< the device (or its capabilities) lacks what the call needs
   };
 
@@ -51,7 +52,7 @@ class RecordingDevice : public DrawingDevice {
 
   std::size_t size() const { return entries_.size(); }
   Call operator[](std::size_t index) const;
-  /// One line for each call, for instance
+  /// One line for each call, in UTF-8, colours as #rrggbb, for instance
   ///   polyline (10,20) (30,40) | pen solid 2 #0000ff square | rop copy
   std::vector<std::string> lines() const;
   std::string line(std::size_t index) const;
@@ -90,6 +91,9 @@ class RecordingDevice : public DrawingDevice {
     COLORREF color;
     DWORD operation;
   };
+  Entry &add(Kind kind, std::span<const POINT> points, const Paint *paint);
+  void keep_text(Entry &entry, std::string_view text);
+
   std::vector<Entry> entries_;
   std::vector<POINT> points_;
   std::vector<Paint> paints_;

@@ -14,6 +14,10 @@ namespace framework {
 
 enum class FillRule { alternate, winding };
 
+/// No picture reaches further (Picture::max_side).
+inline constexpr RECT raster_limits{-32768, -32768, 32768, 32768};
+
+/// Coordinates are kept within +-2^26.
 class Region {
  public:
   enum class Kind { empty, rectangle, polygon, ellipse, rows };
@@ -33,7 +37,8 @@ class Region {
   std::vector<RECT> rectangles(const RECT &limits) const;
   std::vector<RECT> rectangles() const { return rectangles(bounds_); }
 
-  /// RGN_AND, RGN_OR, RGN_XOR, RGN_DIFF, RGN_COPY (of a).
+  /// RGN_AND, RGN_OR, RGN_XOR, RGN_DIFF, RGN_COPY (of a). Polygons and ellipses are cut to the largest
+  /// picture there can be.
   static Region combined(const Region &a, const Region &b, int operation);
   void offset(int dx, int dy);
 
