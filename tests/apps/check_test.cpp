@@ -9,13 +9,13 @@
 #include <sstream>
 
 #include "apps/ceph/check_folder.h"
-#include "tests/apps/run_program.h"
+#include "tests/apps/run_ceph.h"
 #include "tests/support/faulty_file_system.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
 
-using support::ProgramOutcome;
+using support::Outcome;
 using support::run_ceph;
 using support::TemporaryFolder;
 
@@ -55,7 +55,7 @@ bool has_parts(const std::string &text, std::string row) {
 class CheckBroken : public testing::TestWithParam<const char *> {};
 
 TEST_P(CheckBroken, ReportsEveryFaultAndNothingElse) {
-  const ProgramOutcome outcome = run_ceph({"check", fixture(GetParam())});
+  const Outcome outcome = run_ceph({"check", fixture(GetParam())});
   std::vector<std::string> findings = lines_of(outcome.out);
   for (const std::string &row : lines_of(read_file(fixture(GetParam()) + ".findings"))) {
     const auto match = std::find_if(findings.begin(), findings.end(),
@@ -73,14 +73,14 @@ INSTANTIATE_TEST_SUITE_P(Folders, CheckBroken,
                          [](const auto &row) { return std::string(row.param); });
 
 TEST(Check, AHealthyFolderIsClean) {
-  const ProgramOutcome outcome = run_ceph({"check", fixture("healthy"), "--user-point", "ゾー"});
+  const Outcome outcome = run_ceph({"check", fixture("healthy"), "--user-point", "ゾー"});
   EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(outcome.err, "16 files: 0 errors, 0 warnings\n");
   EXPECT_EQ(outcome.exit_code, 0);
 }
 
 TEST(Check, ASingleFolderIsCheckedByItsName) {
-  const ProgramOutcome outcome = run_ceph({"check", fixture("cast") + "/CalcForm_Model/"});
+  const Outcome outcome = run_ceph({"check", fixture("cast") + "/CalcForm_Model/"});
   EXPECT_EQ(outcome.out.substr(0, 21), "Cast.txt:4:15: error:");
   EXPECT_EQ(std::count(outcome.out.begin(), outcome.out.end(), '\n'), 4);
 }
@@ -89,16 +89,16 @@ TEST(Check, WarningsAloneAreNoFailure) {
   const TemporaryFolder folder;
   folder.write("CalcForm/list.txt", "One.txt\r\n");
   folder.write("CalcForm/One.txt", "title:\r\nOne\r\nCalc:\r\nA=len([S],[Xq])\r\n");
-  const ProgramOutcome outcome = run_ceph({"check", folder.path()});
+  const Outcome outcome = run_ceph({"check", folder.path()});
   EXPECT_NE(outcome.out.find("CalcForm/One.txt:4:12: warning: point \"Xq\""), std::string::npos)
       << outcome.out;
   EXPECT_EQ(outcome.exit_code, 0);
-  const ProgramOutcome told = run_ceph({"check", folder.path(), "--user-point", "Xq"});
+  const Outcome told = run_ceph({"check", folder.path(), "--user-point", "Xq"});
   EXPECT_EQ(told.out.find("Xq"), std::string::npos) << told.out;
 }
 
 TEST(Check, JsonHasTheSameFindings) {
-  const ProgramOutcome outcome = run_ceph({"check", fixture("items"), "--format", "json"});
+  const Outcome outcome = run_ceph({"check", fixture("items"), "--format", "json"});
   const auto json = nlohmann::json::parse(outcome.out);
   EXPECT_EQ(json["files"], 4);
   EXPECT_EQ(json["errors"], 9);
@@ -114,7 +114,7 @@ TEST(Check, JsonHasTheSameFindings) {
 TEST(Check, AFolderWithoutAnalysesIsBadData) {
   const TemporaryFolder folder;
   for (const std::string &path : {folder.path(), folder.path("absent")}) {
-    const ProgramOutcome outcome = run_ceph({"check", path});
+    const Outcome outcome = run_ceph({"check", path});
     EXPECT_EQ(outcome.exit_code, 4) << path;
     EXPECT_NE(outcome.err.find("CalcForm"), std::string::npos) << outcome.err;
   }
@@ -124,7 +124,7 @@ TEST(Check, TheSecondFrontalSetLiesInTheFolderItself) {
   const TemporaryFolder folder;
   folder.write("list.txt", "Second.txt\r\n");
   folder.write("Second.txt", "title:\r\nSecond\r\nCalc:\r\nWidth=len([JR],[Go(L)])\r\n");
-  const ProgramOutcome outcome = run_ceph({"check", folder.path()});
+  const Outcome outcome = run_ceph({"check", folder.path()});
   EXPECT_NE(outcome.out.find("Second.txt:4:17: "), std::string::npos) << outcome.out;
   EXPECT_EQ(outcome.out.find("Second.txt:4:12: "), std::string::npos) << outcome.out;
 }
