@@ -1,8 +1,6 @@
 #pragma once
 // Fitting a stored outline (a template tooth, a bone) onto two points of a tracing.
 
-#include <span>
-
 #include "tool/framework/gdi/CDC.h"
 #include "tool/geometry/CPointD.h"
 #include "tool/tracing/line_style.h"
@@ -26,16 +24,16 @@ struct OutlineFit {
 
 /// How fitted points come to the device.
 struct OutlineView {
-  CPoint origin;
+  CPoint origin{};
   double mag = 1.0;
-  CPoint centre;          ///< of the turn, image pixels
+  CPoint centre{};  ///< of the turn, image pixels
   double turn = 0.0;      ///< degrees, clockwise on the screen
   double scale = 1.0;     ///< 0: every point falls on the centre. Mirrored: factor on the distance from it
   bool mirrored = false;  ///< life-size printing: distances scaled, y upward from the origin
 };
 
-/// The points of an outline up to, not including, a (0, 0) after the first; at most 50.
-std::span<const int[2]> outline_points(StoredOutline outline);
+/// How many points an outline has: up to, not including, a (0, 0) after the first; at most 50.
+int outline_size(StoredOutline outline);
 
 /// Device points of an outline, written to `device`, which holds outline_capacity points; gives their number.
 /// A source segment without length puts every other point onto the pivot.

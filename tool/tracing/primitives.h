@@ -13,6 +13,9 @@
 
 namespace tracing {
 
+/// The corners of a rectangle of image pixels in a view.
+RECT mapped(const RECT &rect, const geometry::ViewMapping &view);
+
 // Lines: every pixel from the first point on, the last one not (one pixel wide); wider ones are the stroked
 // shape.
 // ----------------------------------------------------------------------------------------------------------
@@ -64,8 +67,8 @@ void draw_arc(CDC &dc, const RECT &box, CPoint start, CPoint end, const LineStyl
 /// The circle about `centre` through `point`, its radius in whole units; adapted to printers, system dashes.
 void draw_circle(CDC &dc, CPoint centre, CPoint point, const LineStyle &line, bool flip = false);
 
-/// A filled disc about an image point whose radius (image pixels) is scaled with the view. However small, it
-/// is two pixels wide and high.
+/// A filled disc about an image point whose radius (image pixels) is scaled with the view. A box that
+/// shrinks to nothing is made two pixels wide or high.
 void draw_spot(CDC &dc, CPoint centre, int radius, const geometry::ViewMapping &view, COLORREF color,
                bool flip = false);
 /// The same with the radius in device units.
