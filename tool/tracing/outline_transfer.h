@@ -12,8 +12,10 @@ inline constexpr int outline_capacity = 50;
 using StoredOutline = const int (*)[2];
 
 /// How an outline is fitted. The source segment s1-s2 (coordinates of the outline) goes onto the target
-/// segment a-b: s1 to a, s2 to b, the other points keep their angle and their distance from the pivot
-/// relative to the segment.
+/// segment a-b: s1 to a, s2 to b, the other points keep their angle at the pivot and, relative to the
+/// segment, their distance from it. On which side of the segment a point lies is told by its x alone: an
+/// outline whose pivot lies below the other end keeps its shape, one whose pivot lies above comes out as its
+/// mirror image.
 struct OutlineFit {
   CPointD target_a;
   CPointD target_b;
@@ -26,7 +28,7 @@ struct OutlineFit {
 struct OutlineView {
   CPoint origin{};
   double mag = 1.0;
-  CPoint centre{};  ///< of the turn, image pixels
+  CPoint centre{};        ///< of the turn, image pixels
   double turn = 0.0;      ///< degrees, clockwise on the screen
   double scale = 1.0;     ///< 0: every point falls on the centre. Mirrored: factor on the distance from it
   bool mirrored = false;  ///< life-size printing: distances scaled, y upward from the origin
