@@ -261,22 +261,19 @@ TEST(FormulaReasons, NameWhatIsWrong) {
       analysis::DefinitionFile("Calc:\r\nx=len([S],[Xi])\r\nself=case(\"self\")+0\r\n"),
       analysis::Mode::lateral);
   using Kind = analysis::Reason::Kind;
-  const struct {
+  struct Row {
     const char *formula;
     Kind kind;
     const char *subject;
-    std::size_t position;
-  } rows[] = {{"len([S],[Xi])", Kind::unplaced_point, "Xi", 0},
-              {"len([S],[Zz])", Kind::unknown_point, "Zz", 0},
-              {"case(\"x\")+1", Kind::unplaced_point, "Xi", 0},
-              {"case(\"y\")+1", Kind::unknown_item, "y", 0},
-              {"case(\"self\")+1", Kind::cycle, "self", 0},
-              {"mean(\"x\")+1", Kind::no_norm, "x", 0},
-              {"len([S],[N])+foo", Kind::malformed_formula, "len([S],[N])+foo", 13},
-              {"2+len([S])", Kind::malformed_formula, "2+len([S])", 2},
-              {"(2+3", Kind::malformed_formula, "(2+3", 4},
-              {"5", Kind::malformed_formula, "5", 0}};
-  for (const auto &row : rows) {
+    std::size_t position = 0;
+  };
+  for (const Row &row :
+       {Row{"len([S],[Xi])", Kind::unplaced_point, "Xi"}, Row{"len([S],[Zz])", Kind::unknown_point, "Zz"},
+        Row{"case(\"x\")+1", Kind::unplaced_point, "Xi"}, Row{"case(\"y\")+1", Kind::unknown_item, "y"},
+        Row{"case(\"self\")+1", Kind::cycle, "self"}, Row{"mean(\"x\")+1", Kind::no_norm, "x"},
+        Row{"len([S],[N])+foo", Kind::malformed_formula, "len([S],[N])+foo", 13},
+        Row{"2+len([S])", Kind::malformed_formula, "2+len([S])", 2},
+        Row{"(2+3", Kind::malformed_formula, "(2+3", 4}, Row{"5", Kind::malformed_formula, "5"}}) {
     const analysis::Measured measured = analysis::evaluate_formula(row.formula, tracing, {}, &file);
     ASSERT_TRUE(measured.reason) << row.formula;
     EXPECT_EQ(measured.reason->kind, row.kind) << row.formula;
@@ -284,7 +281,6 @@ TEST(FormulaReasons, NameWhatIsWrong) {
     EXPECT_EQ(measured.reason->position, row.position) << row.formula;
   }
   for (const char *healthy :
-       {"len([S],[N])", "switch(len([S],[N])>5,1)", "(angle1([S],[N],[A])-90)*2", "-len([S],[N])"}) {
+       {"len([S],[N])", "switch(len([S],[N])>5,1)", "(angle1([S],[N],[A])-90)*2", "-len([S],[N])"})
     EXPECT_FALSE(analysis::evaluate_formula(healthy, tracing, {}, &file).reason) << healthy;
-  }
 }

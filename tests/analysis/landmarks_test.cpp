@@ -42,10 +42,8 @@ TEST(Landmarks, AreUniqueAndFitTheirSlots) {
 }
 
 TEST(Landmarks, AreFoundByTheWholeNameInItsLetterCase) {
-  EXPECT_FALSE(find_landmark(RecordKind::lateral, "pog"));
-  EXPECT_FALSE(find_landmark(RecordKind::lateral, "Pog(R"));
-  EXPECT_FALSE(find_landmark(RecordKind::lateral, ""));
-  EXPECT_FALSE(find_landmark(RecordKind::lateral, "AGR"));
+  for (const char *name : {"pog", "Pog(R", "", "AGR"})
+    EXPECT_FALSE(find_landmark(RecordKind::lateral, name)) << name;
   EXPECT_FALSE(find_landmark(RecordKind::model, "S"));
 }
 

@@ -6,35 +6,27 @@ namespace {
 
 using namespace geometry;
 
-TEST(AxisOffsets, InAnObliqueFrame) {
-  // Axes along (4, 3) and (-3, 4), each 100 pixels long. Feet are cut to whole pixels before measuring.
-  const CPoint a(100, 100), b(180, 160), c(40, 180);
+TEST(AxisOffsets, CutFeetToWholePixelsBeforeMeasuring) {
   struct Row {
     const char *what;
-    CPoint d;
+    CPoint b, c, d;
     double horizontal, vertical;
   };
+  // From (100, 100) along (4, 3) and (-3, 4), each 100 pixels long. A level axis is measured without a sign
+  // of its own and without a foot.
+  const CPoint a(100, 100), b(180, 160), c(40, 180);
   const Row rows[] = {
-      {"inside both arms: feet (141, 130) and (84, 120)", {126, 151}, 5.2201533, 2.5806976},
-      {"before a on the first: feet (61, 70) and (84, 120)", {46, 91}, -4.7801674, 2.5806976},
-      {"before a on the second: feet (141, 130) and (114, 80)", {156, 111}, 5.2201533, -2.4207437},
-      {"beyond b: feet (221, 190) and (84, 120)", {206, 211}, -15.2200526, 2.5806976}};
+      {"inside both arms: feet (141, 130) and (84, 120)", b, c, {126, 151}, 5.2201533, 2.5806976},
+      {"before a on the first: feet (61, 70) and (84, 120)", b, c, {46, 91}, -4.7801674, 2.5806976},
+      {"before a on the second: feet (141, 130) and (114, 80)", b, c, {156, 111}, 5.2201533, -2.4207437},
+      {"beyond b: feet (221, 190) and (84, 120)", b, c, {206, 211}, -15.2200526, 2.5806976},
+      {"ab level, ac upright", {200, 100}, {100, 200}, {130, 140}, 3.0, -4.0},
+      {"ab upright, ac level", {100, 200}, {200, 100}, {130, 140}, -3.0, 3.0}};
   for (const Row &row : rows) {
-    const AxisOffsets offsets = axis_offsets(a, b, c, row.d, 0.1);
+    const AxisOffsets offsets = axis_offsets(a, row.b, row.c, row.d, 0.1);
     EXPECT_NEAR(offsets.horizontal, row.horizontal, 1e-6) << row.what;
     EXPECT_NEAR(offsets.vertical, row.vertical, 1e-6) << row.what;
   }
-}
-
-TEST(AxisOffsets, AlongTheImageAxes) {
-  // ab level: measured as a.y - d.y without a sign of its own; ac upright: the foot construction.
-  const AxisOffsets offsets = axis_offsets({100, 100}, {200, 100}, {100, 200}, {130, 140}, 0.1);
-  EXPECT_NEAR(offsets.horizontal, 3.0, 1e-12);
-  EXPECT_NEAR(offsets.vertical, -4.0, 1e-12);
-  // ac level: a.x - d.x
-  const AxisOffsets swapped = axis_offsets({100, 100}, {100, 200}, {200, 100}, {130, 140}, 0.1);
-  EXPECT_NEAR(swapped.horizontal, -3.0, 1e-12);
-  EXPECT_NEAR(swapped.vertical, 3.0, 1e-12);
 }
 
 TEST(OffsetInFrame, PlacesPoints) {
