@@ -1,11 +1,9 @@
 #include "tool/api/CCalcTool.h"
 
-#include <algorithm>
-
-#include "tool/analysis/landmarks.h"
 #include "tool/geometry/frames.h"
 #include "tool/geometry/growth_weight.h"
 #include "tool/geometry/splines.h"
+#include "tool/tracing/superimposition.h"
 
 using geometry::store;
 using geometry::value;
@@ -68,8 +66,7 @@ CPoint CCalcTool::Get_CirclePoint(CPoint a, CPoint b, double r) {
 }
 
 CPoint CCalcTool::V_Move(CPoint a, CPoint b, CPoint c, double k) {
-  const CPoint step = geometry::truncate((CPointD(b) - CPointD(a)) * k);
-  return {geometry::integer_sum(c.x, step.x), geometry::integer_sum(c.y, step.y)};
+  return geometry::integer_moved(a, b, c, k);
 }
 
 CPoint CCalcTool::Trans_Point(CPoint a, CPoint b, double len, double angle, double scale) {
@@ -87,22 +84,8 @@ void CCalcTool::Vartical_Pointd(tagDPOINT *a, tagDPOINT *b, const void * /*ignor
 
 void CCalcTool::Get_Org(tagPOINT *landmarks, tagDPOINT *out, unsigned mode, unsigned i1, unsigned i2,
                         unsigned i3, unsigned i4) {
-  using namespace analysis::lateral;
-  const auto at = [&](unsigned k) { return CPointD(landmarks[k].x, landmarks[k].y); };
-  if (mode == 0) {
-    if (std::max({i1, i2, i3, i4}) >= unsigned{analysis::lateral_landmark_count}) return;
-    store(geometry::projection(at(i1), at(i2), at(i3), at(i4)), out);
-  } else if (mode == 1) {
-    const auto origin = geometry::facial_axis_origin({.basion = at(Ba),
-                                                      .nasion = at(N),
-                                                      .pterygoid = at(PT),
-                                                      .gonion = at(GoL),
-                                                      .menton = at(Me),
-                                                      .pogonion = at(PogR)});
-    if (origin) store(*origin, out);
-  } else if (mode == 2) {
-    store(at(N), out);
-  }
+  const auto origin = tracing::reference_point(landmarks, {mode, i1, i2, i3, i4});
+  if (origin) store(*origin, out);
 }
 
 double CCalcTool::Get_NormalWeight(double age, double height, int sex) {

@@ -12,11 +12,10 @@ namespace geometry {
 
 namespace {
 
-constexpr double units_per_step = 5.0;
+constexpr double steps_per_spacing = 2.0;
 constexpr double least_steps = 10.0;
 constexpr double extra_steps = 1e6;  // for one walk; a thousandfold of what a film needs
-constexpr double smallest_length_step = 0.001;
-constexpr double kept_distance = 10.0;
+constexpr double most_floored_steps = 1000.0;
 constexpr int most_search_steps = 1'000'000;
 
 double catmull_rom(double t, double c0, double c1, double c2, double c3) {
@@ -44,9 +43,9 @@ CPointD spline_point(CPointD p0, CPointD p1, CPointD p2, CPointD p3, double t, S
 
 // Walking -----------------------------------------------------------------------------------------
 
-CurveWalk::CurveWalk(ControlPoints points, StepFloor floor, CurveEnds ends)
+CurveWalk::CurveWalk(ControlPoints points, const Sampling &sampling, CurveEnds ends)
     : points_(points),
-      floor_(floor),
+      sampling_(sampling),
       closed_(ends == CurveEnds::closed),
       span_(closed_ ? 1 : 0),
       last_span_(closed_ ? points.count() : points.count() - 2),
@@ -69,30 +68,34 @@ void CurveWalk::begin_span() {
   p1_ = knot(span_);
   p2_ = knot(span_ + 1);
   p3_ = knot(span_ + 2);
-  const double wanted = norm(p2_ - p1_) / units_per_step;
+  double wanted = norm(p2_ - p1_) / (sampling_.spacing / steps_per_spacing);
+  if (sampling_.floor == StepFloor::thousandth && wanted > most_floored_steps) wanted = most_floored_steps;
   const double steps = wanted > least_steps ? std::min(wanted, least_steps + step_budget_) : least_steps;
   step_budget_ -= steps - least_steps;
   step_ = 1.0 / steps;
-  if (floor_ == StepFloor::thousandth) step_ = std::max(step_, smallest_length_step);
   t_ = 0.0;
 }
 
 std::optional<Chord> CurveWalk::next() {
-  if (span_ > last_span_) return std::nullopt;
-  while (t_ <= 1.0) {
-    const CPointD sample = spline_point(p0_, p1_, p2_, p3_, t_);
-    t_ += step_;
-    if (norm(sample - kept_) >= kept_distance) {
-      const Chord chord{kept_, sample, span_};
-      kept_ = sample;
-      return chord;
+  while (span_ <= last_span_) {
+    while (t_ <= 1.0) {
+      const CPointD sample = spline_point(p0_, p1_, p2_, p3_, t_);
+      t_ += step_;
+      if (norm(sample - kept_) >= sampling_.spacing) {
+        const Chord chord{kept_, sample, span_};
+        kept_ = sample;
+        return chord;
+      }
     }
+    ++span_;
+    const bool ended = span_ > last_span_;
+    if (!ended) begin_span();
+    if (!ended && sampling_.knots == KeptKnots::ends) continue;
+    const Chord chord{kept_, knot(span_), span_};
+    kept_ = chord.to;
+    return chord;
   }
-  ++span_;
-  const Chord chord{kept_, knot(span_), span_};
-  kept_ = chord.to;
-  if (span_ <= last_span_) begin_span();
-  return chord;
+  return std::nullopt;
 }
 
 std::vector<CPointD> kept_points(ControlPoints points, CurveEnds ends) {
@@ -102,7 +105,7 @@ std::vector<CPointD> kept_points(ControlPoints points, CurveEnds ends) {
   const int leading = !walked ? points.count() : ends == CurveEnds::closed ? 2 : 1;
   kept.reserve(static_cast<std::size_t>(points.count()));
   for (int i = 0; i < leading; ++i) kept.push_back(points[i]);
-  CurveWalk walk(points, StepFloor::none, ends);
+  CurveWalk walk(points, {}, ends);
   while (const auto chord = walk.next()) kept.push_back(chord->to);
   return kept;
 }
@@ -112,7 +115,7 @@ std::vector<CPointD> kept_points(ControlPoints points, CurveEnds ends) {
 double curve_length(ControlPoints points, SpanRange range, double scale) {
   if (const auto chord = single_chord(points)) return length(chord->from, chord->to, scale);
   double total = 0.0;
-  CurveWalk walk(points, StepFloor::thousandth);
+  CurveWalk walk(points, {.floor = StepFloor::thousandth});
   while (const auto chord = walk.next()) {
     if (range.holds(chord->span)) total += length(chord->from, chord->to, scale);
   }

@@ -1,7 +1,8 @@
 #pragma once
 // Curves through control points: traced outlines and the dental arch. A curve passes through every control
 // point; span i runs from point i to point i + 1. It is walked as a chain of chords between kept points,
-// which lie at least 10 units apart except at the control points. Units are those of the control points;
+// which lie at least 10 units apart except at the control points; for drawing the spacing is the caller's and
+// the control points between the ends count like any other sample. Units are those of the control points;
 // lengths are units times the scale.
 
 #include <optional>
@@ -48,14 +49,21 @@ struct Chord {
 
 enum class CurveEnds { open, closed };
 enum class StepFloor { none, thousandth };  ///< whether a span takes at most 1000 steps
+enum class KeptKnots { all, ends };         ///< which control points are kept whatever their distance
+
+/// How a curve is cut into chords.
+struct Sampling {
+  double spacing = 10.0;  ///< units between kept points; a span takes one step per half of it, at least 10
+  StepFloor floor = StepFloor::none;
+  KeptKnots knots = KeptKnots::all;
+};
 
 /// Yields the chords of a curve of three or more points in order. The first chord starts at point 0 (closed:
-/// at point 1, and the last one returns there). A span takes about one step per 5 units, at least 10; over a
-/// whole curve the steps beyond those 10 are limited to a million, whatever the coordinates are.
+/// at point 1, and the last one returns there). Over a whole curve the steps beyond 10 in a span are limited
+/// to a million, whatever the coordinates are.
 class CurveWalk {
  public:
-  explicit CurveWalk(ControlPoints points, StepFloor floor = StepFloor::none,
-                     CurveEnds ends = CurveEnds::open);
+  explicit CurveWalk(ControlPoints points, const Sampling &sampling = {}, CurveEnds ends = CurveEnds::open);
   std::optional<Chord> next();
 
  private:
@@ -63,7 +71,7 @@ class CurveWalk {
   void begin_span();
 
   ControlPoints points_;
-  StepFloor floor_;
+  Sampling sampling_;
   bool closed_;
   int span_;
   int last_span_;

@@ -7,6 +7,7 @@
 #include "tool/geometry/constants.h"
 #include "tool/geometry/distances.h"
 #include "tool/geometry/lines.h"
+#include "tool/geometry/truncation.h"
 
 namespace geometry {
 
@@ -47,6 +48,11 @@ CPointD turned_offset(CPointD a, CPointD b, double len, double angle, double sca
 CPointD turned_offset_px(CPointD a, CPointD b, CPointD c, double len, double angle) {
   const TurnedDirection e = turned_direction(a, b, angle);
   return {c.x + e.cosine * len * e.sign_x, c.y - e.sine * len * e.sign_y};
+}
+
+CPoint integer_moved(CPoint a, CPoint b, CPoint c, double k) {
+  const CPoint step = truncate((CPointD(b) - CPointD(a)) * k);
+  return {integer_sum(c.x, step.x), integer_sum(c.y, step.y)};
 }
 
 CPointD rotated(CPointD centre, CPointD p, double angle, double scale) {

@@ -22,6 +22,9 @@ constexpr CPointD moved(CPointD a, CPointD b, CPointD c, double k) {
   return {c.x + k * (b.x - a.x), c.y + k * (b.y - a.y)};
 }
 
+/// The same in whole pixels, k (b - a) truncated.
+CPoint integer_moved(CPoint a, CPoint b, CPoint c, double k);
+
 /// p turned about the centre. An angle of 0 returns p bit for bit; scale 0 returns the centre.
 CPointD rotated(CPointD centre, CPointD p, double angle, double scale);
 
