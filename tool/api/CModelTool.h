@@ -7,6 +7,8 @@
 #include "tool/geometry/CPointD.h"
 #include "tool/model/records.h"
 
+class CDC;
+
 class CModelTool {
  public:
   CModelTool() = default;
@@ -40,4 +42,28 @@ class CModelTool {
   static int ShowChack(int entry, unsigned char *flags);
   /// Arc-length position nearest to control point 1 of an arch of 12 points.
   static double Get6KinshinLength(tagDPOINT *arch, double limit, double scale);
+
+  // Arch wire and crowns. `origin` and `zoom` map image pixels to the view; doubles and points without a name
+  // are not read
+  // ------------------------------------------------------------------------------------------------
+
+  /// Pair k of wire points: k = 0 to 9 in tenths from q towards p, perpendicular to it at the offsets
+  /// (pixels) times the ratios of k; from 10 on p for both; -1 at the offsets beside r. Side 6 exchanges the
+  /// two.
+  static void ComputeWirePointd(double, int side, const tagDPOINT *p, const tagDPOINT *q, const tagDPOINT *r,
+                                const double *ratioA, const double *ratioB, double offsetA, double offsetB,
+                                int k, tagDPOINT *outA, tagDPOINT *outB);
+  /// The curve through 11 points of side A, the front point and 11 points of side B backwards.
+  static void DrawWire(CDC *dc, CPoint origin, double zoom, double, const tagDPOINT *front, const tagDPOINT *,
+                       const tagDPOINT *, double, double, const CPoint *sideA, const CPoint *sideB,
+                       COLORREF color);
+  static void DrawWired(CDC *dc, CPoint origin, double zoom, double, const tagDPOINT *front,
+                        const tagDPOINT *, const tagDPOINT *, double, double, const tagDPOINT *sideA,
+                        const tagDPOINT *sideB, COLORREF color);
+  /// The outline of a tooth between its width points p1 and p2. Nothing for a tooth without an outline.
+  static void DrawTooth(CDC *dc, CPoint origin, double zoom, double, int family, int code, bool mirror,
+                        int tooth, const tagDPOINT *p1, const tagDPOINT *p2, COLORREF color);
+  /// The same outline as points, appended; gives their number.
+  static int GetToothPt(CUIntArray *xs, CUIntArray *ys, CPoint origin, double zoom, double, int family,
+                        int code, bool mirror, int tooth, const tagDPOINT *p1, const tagDPOINT *p2);
 };

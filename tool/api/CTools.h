@@ -16,6 +16,7 @@
 #include "tool/tracing/primitives.h"
 #include "tool/tracing/reference_lines.h"
 
+class CDC;
 class CWnd;
 
 class CTools {
@@ -279,6 +280,15 @@ class CTools {
   /// Length of the curve over the spans start <= i < end, times `scale`.
   static double Get_SPLineLength(tagPOINT *pts, short count, short start, short end, double scale);
   static double Get_SPLineLengthd(tagDPOINT *pts, short count, short start, short end, double scale);
+  /// A smooth curve through image points: spans of cubic curves with vertices at least `step` units apart, in
+  /// style, width and flip as Draw_Line has them. One point is a cross, two are a line. The last pixel is not
+  /// drawn.
+  static void Draw_SPLine(CDC *dc, CPoint org, double mag, const tagPOINT *points, short count, COLORREF color,
+                          unsigned style, unsigned char closed, int width, int flip, int step);
+  /// The same in an image bitmap, whose width sets the line width.
+  static void Draw_SPLine_Image(CDC *dc, CPoint org, double mag, const tagPOINT *points, short count,
+                                COLORREF color, unsigned style, unsigned char closed, int width, int flip,
+                                int step, int imageWidth, int imageHeight);
 
  private:
   /// Hands out the label end of a constructed line; whether there is anything to draw with.

@@ -32,13 +32,14 @@ CrownTemplate crown_template(const CrownChoice &choice);
 /// The placed outline, whole pixels (truncated), closed.
 class Crown {
  public:
+  static constexpr std::size_t most_points = 12;
+
   Crown() = default;
   /// The anchors lie exactly on the truncated width points. Coinciding width points collapse the outline.
   Crown(const CrownTemplate &shape, CPointD width_1, CPointD width_2);
   std::span<const POINT> points() const { return std::span(points_).first(count_); }
 
  private:
-  static constexpr std::size_t most_points = 12;
   std::array<POINT, most_points> points_{};
   std::size_t count_ = 0;
 };

@@ -9,7 +9,7 @@
 namespace tracing {
 
 struct DisplayMapping {
-  CPoint origin;  ///< device pixels, subtracted after magnification
+  CPoint origin{};  ///< device pixels, subtracted after magnification
   double mag = 1.0;
   double rotation = 0.0;  ///< degrees about porion, clockwise; its fraction does not count
   double factor = 1.0;    ///< on the magnification, except in life size

@@ -2,6 +2,7 @@
 // Profilograms: polygons through the landmarks of a tracing, drawn to compare two of them by shape.
 
 #include "tool/framework/gdi/CDC.h"
+#include "tool/geometry/view_mapping.h"
 #include "tool/tracing/superimposed_line.h"
 #include "tool/tracing/teeth.h"
 

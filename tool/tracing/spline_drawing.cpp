@@ -81,8 +81,7 @@ void draw_trace(CDC &dc, TraceEntry entry, const TraceView &view, const LineStyl
       p = geometry::truncate(geometry::rotated(centre, CPoint(p), view.rotation, 1.0));
       if (spots) draw_spot(dc, p, spot_radius, view.mapping, *spots);
     }
-    const auto ends = run->closed ? geometry::CurveEnds::closed : geometry::CurveEnds::open;
-    draw_spline(dc, {run->points, ends}, view.mapping, line);
+    draw_spline(dc, {run->points, curve_ends(run->closed)}, view.mapping, line);
   }
 }
 
@@ -95,8 +94,7 @@ void draw_superimposed_trace(CDC &dc, TraceEntry entry, const Superimposition &o
   TraceRuns runs(entry);
   while (const auto run = runs.next()) {
     for (POINT &p : run->points) p = device_point(on, CPointD(CPoint(p)) - reference);
-    const auto ends = run->closed ? geometry::CurveEnds::closed : geometry::CurveEnds::open;
-    draw_spline(dc, {run->points, ends}, device, line);
+    draw_spline(dc, {run->points, curve_ends(run->closed)}, device, line);
   }
 }
 

@@ -15,6 +15,11 @@ namespace tracing {
 
 inline constexpr int usual_spline_step = 10;
 
+/// From a closed flag as records and callers have it.
+constexpr geometry::CurveEnds curve_ends(int closed) {
+  return closed != 0 ? geometry::CurveEnds::closed : geometry::CurveEnds::open;
+}
+
 struct SplineShape {
   std::span<const POINT> points;
   geometry::CurveEnds ends = geometry::CurveEnds::open;

@@ -66,9 +66,8 @@ void draw_outlines(CDC &dc, const Outlines &outlines, const Superimposition &on,
     if (hand_traced[static_cast<std::size_t>(k)] || !wanted(k) || !record.enabled(k)) continue;
     for (const int which : {0, 1}) {
       const StructureSpline spline = record.spline(k, which);
-      const auto ends = spline.closed ? geometry::CurveEnds::closed : geometry::CurveEnds::open;
       const auto points = std::span(spline.points).first(static_cast<std::size_t>(spline.count));
-      draw_superimposed_spline(dc, {points, ends}, on, outlines.reference, line, stroke);
+      draw_superimposed_spline(dc, {points, curve_ends(spline.closed)}, on, outlines.reference, line, stroke);
     }
   }
 }

@@ -14,14 +14,14 @@ namespace tracing {
 /// How a tracing is laid on the displayed frame. A point of the tracing enters as its offset from the
 /// tracing's own reference point (for instance its sella).
 struct Superimposition {
-  CPointD base;           ///< where the reference point falls, image pixels
+  CPointD base{};         ///< where the reference point falls, image pixels
   double angle = 0.0;     ///< radians; positive turns counter-clockwise on the screen
   double scale = 1.0;     ///< factor on every offset; 0 shows nothing
   double rotation = 0.0;  ///< of the display about `centre`, degrees; positive turns clockwise
-  CPoint centre;          ///< porion
-  CPoint offset;          ///< image pixels, subtracted before magnification
+  CPoint centre{};        ///< porion
+  CPoint offset{};        ///< image pixels, subtracted before magnification
   double mag = 1.0;
-  CPoint origin;      ///< device pixels, subtracted after magnification
+  CPoint origin{};    ///< device pixels, subtracted after magnification
   int ysign = 1;      ///< factor on the base's y; -1 for map modes whose y axis points up
   bool flip = false;  ///< device y runs upward from the origin
 };
