@@ -45,16 +45,19 @@ BOOL CDC::CreateCompatibleDC(const CDC *like) {
 
 BOOL CDC::Attach(HDC handle) {
   const std::shared_ptr<DeviceContext> found = framework::find_context(handle);
-  if (m_hDC || !found) return FALSE;
-  found->owner = this;
+  if (m_hDC || owned_ || !found) return FALSE;
+  if (!found->owner) found->owner = this;
   owned_ = m_hDC = m_hAttribDC = handle;
   return TRUE;
 }
 
 HDC CDC::Detach() {
-  if (const auto found = framework::find_context(m_hDC); found && found->owner == this)
-    found->owner = nullptr;
-  m_hAttribDC = owned_ = nullptr;
+  if (owned_ == m_hDC) {  // else another handle was put in its place, and the owned one stays ours
+    const std::shared_ptr<DeviceContext> found = framework::find_context(owned_);
+    if (found && found->owner == this) found->owner = nullptr;
+    owned_ = nullptr;
+  }
+  m_hAttribDC = nullptr;
   return std::exchange(m_hDC, nullptr);
 }
 

@@ -52,7 +52,8 @@ struct DeviceBrush {
 struct Paint {
   DevicePen pen;
   DeviceBrush brush;
-  int rop = R2_COPYPEN;          ///< R2_...; a device without raster operations paints as R2_COPYPEN
+  int rop = R2_COPYPEN;          ///< R2_...; a device without raster operations paints as R2_COPYPEN,
+                                 ///< but under R2_NOP nothing
   const Region *clip = nullptr;  ///< device pixels; null: the whole device. Lives as long as the call
 };
 
@@ -105,7 +106,8 @@ class DrawingDevice {
   virtual void arc(const RECT &box, POINT start, POINT end, const Paint &paint) = 0;
   /// The region's pixels in the brush.
   virtual void fill_region(const Region &region, const Paint &paint) = 0;
-  /// Text in its colour; of the paint only raster operation and clip count.
+  /// Text in its colour; of the paint only raster operation and clip count. The background of opaque text
+  /// comes before, as a region.
   virtual void text(const TextRun &run, const Paint &paint) = 0;
 
   /// Width of a text in pixels, and the font's cell.
@@ -117,6 +119,7 @@ class DrawingDevice {
   virtual void flood_fill(POINT seed, COLORREF color, UINT kind, const Paint &paint) = 0;
   /// Empty outside the device and where pixels cannot be read back.
   virtual std::optional<COLORREF> pixel(POINT point) const = 0;
+  /// Copies the colour; of the paint only the clip counts.
   virtual void set_pixel(POINT point, COLORREF color, const Paint &paint) = 0;
   /// Copies or stretches pixels into `target` (right or bottom less than left or top: mirrored) under a
   /// ternary raster operation (SRCCOPY ...); of the paint the brush (pattern) and the clip count.

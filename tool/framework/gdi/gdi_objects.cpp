@@ -70,7 +70,7 @@ BOOL CPen::CreatePen(int style, int width, const LOGBRUSH *brush, int count, con
   if (count > static_cast<int>(pen.dashes.size())) return FALSE;
   if ((style & PS_STYLE_MASK) == PS_USERSTYLE && count == 0) return FALSE;
   pen.style = brush->lbStyle == BS_NULL ? (style & ~PS_STYLE_MASK) | PS_NULL : style;
-  pen.width = style & PS_GEOMETRIC ? width : 1;
+  pen.width = style & PS_GEOMETRIC ? width : 0;
   pen.color = brush->lbColor;
   pen.dash_count = count;
   std::copy_n(dashes, count, pen.dashes.begin());

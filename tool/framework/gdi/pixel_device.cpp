@@ -35,13 +35,16 @@ DeviceCapabilities PixelDevice::capabilities() const {
 void PixelDevice::fill_region(const Region &region, const Paint &paint) {
   if (paint.brush.kind == DeviceBrush::Kind::none) return;
   const BinaryRop rop(paint.rop);
+  const bool solid = paint.brush.kind == DeviceBrush::Kind::solid;
+  const std::uint32_t color = to_pixel(paint.brush.color);
   for (const RECT &part : visible_parts(region, paint.clip, pixels_))
-    for (LONG y = part.top; y < part.bottom; ++y)
-      for (LONG x = part.left; x < part.right; ++x)
-        if (const auto pen = brush_pixel(paint.brush, {x, y})) {
-          std::uint32_t &pixel = pixels_.row(y)[x];
-          pixel = rop(*pen, pixel);
-        }
+    for (LONG y = part.top; y < part.bottom; ++y) {
+      std::uint32_t *row = pixels_.row(y);
+      for (LONG x = part.left; x < part.right; ++x) {
+        const auto pen = solid ? std::optional(color) : brush_pixel(paint.brush, {x, y});
+        if (pen) row[x] = rop(*pen, row[x]);
+      }
+    }
 }
 
 SIZE PixelDevice::text_extent(std::string_view text, const LOGFONTA &font) const {

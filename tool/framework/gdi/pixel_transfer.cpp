@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <span>
 #include <vector>
 
 #include "tool/framework/gdi/raster_operations.h"
@@ -68,6 +69,50 @@ std::uint32_t mean_pixel(PixelView source, const Axis &across, const Axis &down,
   return 0xFF000000U | channel(red) << 16 | channel(green) << 8 | channel(blue);
 }
 
+/// The source as it lies under the rows of the target.
+class SourceRows {
+ public:
+  SourceRows(PixelView source, const Axis &across, const Axis &down, int stretch_mode, int target_width)
+      : source_(source),
+        across_(across),
+        down_(down),
+        means_(stretch_mode == HALFTONE && (across.to != across.from || down.to != down.from)) {
+    columns_.resize(static_cast<std::size_t>(target_width));
+    row_.resize(columns_.size());
+    for (int x = 0; x < target_width; ++x) columns_[static_cast<std::size_t>(x)] = across.nearest(x);
+  }
+
+  /// The pixel for each target pixel [left, right) of row y, or no_pixel.
+  std::span<const std::uint32_t> row(LONG y, LONG left, LONG right) {
+    const std::int64_t source_y = down_.nearest(y);
+    for (LONG x = left; x < right; ++x) {
+      const auto i = static_cast<std::size_t>(x);
+      row_[i] =
+          means_ ? mean_pixel(source_, across_, down_, x, y) : source_pixel(source_, columns_[i], source_y);
+    }
+    return std::span(row_).subspan(static_cast<std::size_t>(left), static_cast<std::size_t>(right - left));
+  }
+
+ private:
+  PixelView source_;
+  Axis across_, down_;
+  bool means_;
+  std::vector<std::int64_t> columns_;
+  std::vector<std::uint32_t> row_;
+};
+
+/// Combines a row with the pixels from (left, y) on.
+void combine(PixelSpan target, LONG left, LONG y, std::span<const std::uint32_t> row, TernaryRop rop,
+             const DeviceBrush &brush) {
+  std::uint32_t *pixel = target.row(y) + left;
+  for (std::size_t i = 0; i < row.size(); ++i, ++pixel) {
+    if (row[i] == no_pixel) continue;
+    const auto x = static_cast<LONG>(left + static_cast<LONG>(i));
+    const std::uint32_t pattern = rop.uses_pattern() ? brush_pixel(brush, {x, y}).value_or(*pixel) : 0;
+    *pixel = rop(pattern, row[i], *pixel);
+  }
+}
+
 bool overlap(PixelView a, PixelSpan b) {
   const auto end = [](auto area) { return area.row(area.height - 1) + area.width; };
   const std::less<const std::uint32_t *> before;
@@ -90,31 +135,17 @@ std::vector<RECT> visible_parts(const Axis &across, const Axis &down, PixelSpan 
 void transfer_pixels(PixelSpan target, const RECT &to, PixelView source, const RECT &part, DWORD operation,
                      int stretch_mode, const Paint &paint) {
   const Axis across(to.left, to.right, part.left, part.right), down(to.top, to.bottom, part.top, part.bottom);
-  if (across.is_empty() || down.is_empty() || source.width <= 0 || source.height <= 0) return;
+  if (across.is_empty() || down.is_empty() || source.width <= 0 || target.width <= 0) return;
   std::vector<std::uint32_t> copy;
   if (overlap(source, target)) {
     for (int y = 0; y < source.height; ++y)
       copy.insert(copy.end(), source.row(y), source.row(y) + source.width);
     source = {copy.data(), source.width, source.height, source.width};
   }
-  const bool means = stretch_mode == HALFTONE && (across.to != across.from || down.to != down.from);
-  const TernaryRop rop(operation);
-  std::vector<std::int64_t> columns(static_cast<std::size_t>(target.width));
-  for (int x = 0; x < target.width; ++x) columns[static_cast<std::size_t>(x)] = across.nearest(x);
+  SourceRows rows(source, across, down, stretch_mode, target.width);
   for (const RECT &box : visible_parts(across, down, target, paint.clip))
-    for (LONG y = box.top; y < box.bottom; ++y) {
-      const std::int64_t source_y = down.nearest(y);
-      for (LONG x = box.left; x < box.right; ++x) {
-        const std::uint32_t from = means
-                                       ? mean_pixel(source, across, down, x, y)
-                                       : source_pixel(source, columns[static_cast<std::size_t>(x)], source_y);
-        if (from == no_pixel) continue;
-        std::uint32_t &pixel = target.row(y)[x];
-        const std::optional<std::uint32_t> pattern =
-            rop.uses_pattern() ? brush_pixel(paint.brush, {x, y}) : std::nullopt;
-        pixel = rop(pattern.value_or(pixel), from, pixel);
-      }
-    }
+    for (LONG y = box.top; y < box.bottom; ++y)
+      combine(target, box.left, y, rows.row(y, box.left, box.right), TernaryRop(operation), paint.brush);
 }
 
 }  // namespace framework
