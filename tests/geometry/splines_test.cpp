@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -228,6 +229,14 @@ TEST(KeptPoints, StartAndEndAsTheCurveDoes) {
   EXPECT_EQ(knots(CurveEnds::closed), (std::vector<int>{0, 1, 2, 0, 1}));
   const auto closed = kept_points({points, 3}, CurveEnds::closed);
   EXPECT_TRUE(closed[1] == CPointD(100, 0) && closed.back() == CPointD(100, 0));
+  // The walked spans begin with the one from knot 1 to knot 2, whose outer neighbours are both knot 0.
+  double off = infinity;
+  for (int k = 1; k < 1000; ++k)
+    off = std::min(off, length(closed[2],
+                               spline_point(CPoint(points[0]), CPoint(points[1]), CPoint(points[2]),
+                                            CPoint(points[0]), k / 1000.0),
+                               1.0));
+  EXPECT_NEAR(off, 0.0, 0.1);
   EXPECT_EQ(kept_points({points, 2}, CurveEnds::closed).size(), 2u);
   EXPECT_EQ(kept_points({points, 1}, CurveEnds::open).size(), 1u);
   EXPECT_TRUE(kept_points({points, 0}, CurveEnds::open).empty());
