@@ -6,7 +6,6 @@
 #include <sstream>
 
 #include "tests/support/every_primitive.h"
-#include "tool/framework/gdi/handle_table.h"
 #include "tool/framework/gdi/recording_device.h"
 
 namespace {
@@ -45,7 +44,14 @@ struct Drawing {
     text << names[static_cast<int>(call.kind)];
     for (const POINT &point : call.points) text << ' ' << point.x << ',' << point.y;
     if (call.font) {
-      text << " '" << call.text << "' h" << call.font->lfHeight;
+      const LOGFONTA &font = *call.font;
+      const bool gothic =
+          std::string(font.lfFaceName) == "\x82\x6C\x82\x72\x20\x83\x53\x83\x56\x83\x62\x83\x4E";
+      text << " '" << call.text << "' " << (gothic ? "gothic" : font.lfFaceName) << ' ' << font.lfHeight
+           << ' ' << font.lfWeight << " q" << int{font.lfQuality} << (font.lfItalic ? " italic" : "")
+           << (font.lfStrikeOut ? " struck" : "") << (font.lfUnderline ? " underlined" : "");
+      EXPECT_EQ(font.lfCharSet, 128);
+      EXPECT_EQ(call.color, red);
       return text.str();
     }
     if (call.kind < Kind::fill_region) {
@@ -112,26 +118,34 @@ const Row calls[] = {
     {DRAWING_CALL(DrawRect(dc, 5, 6, 0xFF00, red)), "fill 5,6 #ff00"},
 
     {DRAWING_CALL(Ellipse(dc, 1, 2, 13, 14, 2, red, 0xFF00, 0, 0)), "ellipse 1,2 13,14 w2 #ff00"},
+    {DRAWING_CALL(Ellipse(dc, 1, 2, 13, 14, 2, red, 0xFF00, 0, 1)), "ellipse 1,-14 13,-2 w2 #ff00"},
     {DRAWING_CALL(EllipseF(dc, 1, 2, 13, 14, 1.5, 2, red, 1)), "ellipse 1,3 19,21 w2 dashes 6-2"},
     {DRAWING_CALL(Arc_MakeF(dc, 1, 2, 13, 14, 15, 7, 1, 9, 1.5, 1, red, 0)), "arc 1,3 19,21 22,10 1,13 w1"},
     {DRAWING_CALL(Draw_Circle(dc, 10, 20, 14, 24, 7, red, 102, 0)), "ellipse 5,15 15,25 w2"},  // radius 5.66
+    {DRAWING_CALL(Draw_Circle(dc, 10, 20, 14, 24, 1, red, 0, 2)), "ellipse 5,-25 15,-15 w1"},
     {DRAWING_CALL(Spot(dc, {1, 2}, 1.5, {10, 20}, 3, red, 0)), "ellipse 9,23 18,32 w1 #ff"},
+    {DRAWING_CALL(Spot(dc, {1, 2}, 1.5, {10, 20}, 3, red, 1)), "ellipse 9,-32 18,-23 w1 #ff"},
     {DRAWING_CALL(Spot(dc, org, 1, {10, 20}, 0, red, 0)), "ellipse 9,19 11,21 w1 #ff"},
     {DRAWING_CALL(Spot2(dc, {1, 2}, 1.5, {11, 21}, 3, red, 0)), "ellipse 12,26 18,32 w1 #ff"},
     {DRAWING_CALL(Spot2(dc, org, 1.5, {11, 21}, 0, red, 0)), "ellipse 15,30 17,32 w1 #ff"},
 
-    {DRAWING_CALL(TextMake(dc, 1, 2, "A&B", 30, 400, 9, 0, red, 1, 0, 0, 0)), "text 1,2 'A&B' h30"},
-    {DRAWING_CALL(TextMake(dc, 1, 2, "A", 30, 400, 0, 0, red, 1, 1, 0, 0)), "text 1,-2 'A' h30"},
-    {DRAWING_CALL(TextMakeOut(dc, 1, 2, "A&B", 30, 400, 9, 0, red, 1)), "text 1,2 'A&B' h30"},
-    {DRAWING_CALL(Draw_Text(dc, {1, 2}, 1.5, {10, 20}, 3, "A", 15, red, 400, 0, 0)), "text 18,32 'A' h22"},
-    {DRAWING_CALL(P_Text(dc, 10, 20, 1.5, 2, 1, 2, "A", 15, 300, 0, 0, red)), "text 16,-44 'A' h22"},
-    {DRAWING_CALL(Rect_Text(dc, {10, 20, 90, 80}, 1.5, {1, 2}, "A", 15, red, 0, 400, 0)), "text 17,28 'A' h22"},
+    {DRAWING_CALL(TextMake(dc, 1, 2, "A&B", 30, 700, 9, 1, red, 1, 0, 1, 0)),
+     "text 1,2 'A&B' Times New Roman 30 700 q3 italic struck"},
+    {DRAWING_CALL(TextMake(dc, 1, 2, "A", 30, 400, 0, 0, red, 1, 1, 0, 1)),
+     "text 1,-2 'A' gothic 30 400 q3 underlined"},
+    {DRAWING_CALL(TextMakeOut(dc, 1, 2, "A&B", 30, 400, 9, 0, red, 1)), "text 1,2 'A&B' gothic 30 400 q2"},
+    {DRAWING_CALL(Draw_Text(dc, {1, 2}, 1.5, {10, 20}, 3, "A", 15, red, 400, 0, 0)),
+     "text 18,32 'A' gothic 22 400 q3"},
+    {DRAWING_CALL(P_Text(dc, 10, 20, 1.5, 2, 1, 2, "A", 15, 301, 9, 1, red)),
+     "text 16,-44 'A' Times New Roman 22 451 q3 italic"},
+    {DRAWING_CALL(Rect_Text(dc, {10, 20, 90, 80}, 1.5, {1, 2}, "A", 15, red, 0, 400, 0)),
+     "text 17,28 'A' gothic 22 400 q2"},
     {DRAWING_CALL(Rect_Text(dc, {10, 20, 90, 80}, 1.5, {1, 2}, "A", 15, red, DT_NOCLIP, 400, 1)),
-     "text 17,-28 'A' h22"},
+     "text 17,-28 'A' gothic 22 400 q2"},
     {DRAWING_CALL(Rect_Text(dc, {10, 20, 90, 80}, 1.5, {1, 2}, "A&B", small_font, red, 0)),
-     "text 14,28 'A&B' h18"},
+     "text 14,28 'A&B' Times New Roman 18 400 q2"},
     {DRAWING_CALL(Rect_Text_LF(dc, {-10, -20, 0, 0}, 1.5, {1, 2}, "A", small_font, red, 0)),
-     "text -1,-2 'A' h18"},
+     "text -1,-2 'A' Times New Roman 18 400 q2"},
 };
 // clang-format on
 
@@ -140,22 +154,6 @@ TEST(CToolsDrawing, drawsOneFigure) {
     Drawing drawing;
     row.draw(&drawing.dc, 1.0);
     EXPECT_THAT(drawing.calls(), ElementsAre(row.drawn)) << row.call;
-  }
-}
-
-TEST(CToolsDrawing, flippedBoxesStandUprightOnPaper) {
-  Drawing drawing(10, MM_LOMETRIC);
-  CTools::Ellipse(&drawing.dc, 10, 20, 30, 60, 1, red, red, 0, 1);
-  CTools::Draw_Circle(&drawing.dc, 100, 200, 130, 240, 3, red, 0, 1);
-  CTools::Spot(&drawing.dc, org, 1, {100, 200}, 5, red, 1);
-  const RECT boxes[] = {{10, 20, 30, 60}, {50, 150, 150, 250}, {95, 195, 105, 205}};
-  ASSERT_EQ(drawing.device.size(), 3U);
-  for (std::size_t i = 0; i < 3; ++i) {  // a box turned over may lose or gain a pixel's edge
-    const auto points = drawing.device[i].points;
-    EXPECT_NEAR(points[0].x, boxes[i].left, 1);
-    EXPECT_NEAR(points[0].y, boxes[i].top, 1);
-    EXPECT_NEAR(points[1].x, boxes[i].right, 1);
-    EXPECT_NEAR(points[1].y, boxes[i].bottom, 1);
   }
 }
 
@@ -235,73 +233,23 @@ TEST(CToolsDrawing, printMagnification) {
     EXPECT_EQ(CTools::GetPrintMag(&drawing.dc, extent), mag) << extent.cx;
 }
 
-TEST(CToolsDrawing, fonts) {
+TEST(CToolsDrawing, measuresAndKeepsFonts) {
   Drawing drawing;
   CDC *dc = &drawing.dc;
-  CTools::TextMake(dc, 0, 0, "A", 30, 700, 9, 1, red, 1, 0, 1, 0);
-  CTools::TextMake(dc, 0, 0, "A", 30, 400, 1, 0, red, 1, 0, 0, 1);
-  CTools::TextMakeOut(dc, 0, 0, "A", 30, 400, 9, 0, red, 1);
-  CTools::P_Text(dc, 0, 0, 1.5, 2, 1, 2, "A", 15, 301, 0, 0, red);
-  EXPECT_EQ(dc->GetTextColor(), red);
-  EXPECT_EQ(CTools::Rect_Text(dc, {0, 0, 90, 30}, 2, org, "ABC", 10, red, DT_RIGHT | DT_SINGLELINE, 400, 0),
-            30);
-  EXPECT_EQ(drawing.device[4].points[0].x, 180 - 30);
   CFont selected;
   selected.CreateFontIndirect(&small_font);
   dc->SelectObject(&selected);
   CTools::TextMake(dc, 0, 0, "A", 0, 700, 1, 0, red, 1, 0, 0, 0);
-
-  constexpr const char *gothic = "\x82\x6C\x82\x72\x20\x83\x53\x83\x56\x83\x62\x83\x4E";
-  struct FontRow {
-    const char *face;
-    int height, weight, strike_out, underline, quality;
-  };
-  const FontRow rows[] = {{"Times New Roman", 30, 700, 1, 0, 3},
-                          {gothic, 30, 400, 0, 1, 3},
-                          {gothic, 30, 400, 0, 0, 2},
-                          {gothic, 22, 451, 0, 0, 3},
-                          {gothic, 20, 400, 0, 0, 2},
-                          {"Times New Roman", 12, 400, 0, 0, 2}};
-  ASSERT_EQ(drawing.device.size(), 6U);
-  for (std::size_t i = 0; i < 6; ++i) {
-    const LOGFONTA &font = *drawing.device[i].font;
-    EXPECT_STREQ(font.lfFaceName, rows[i].face);
-    EXPECT_THAT((std::vector<int>{font.lfHeight, font.lfWeight, font.lfStrikeOut, font.lfUnderline,
-                                  font.lfQuality, font.lfCharSet}),
-                ElementsAre(rows[i].height, rows[i].weight, rows[i].strike_out, rows[i].underline,
-                            rows[i].quality, 128))
-        << i;
-    EXPECT_EQ(font.lfItalic != 0, i == 0);
-  }
+  EXPECT_EQ(CTools::Rect_Text(dc, {0, 0, 90, 30}, 2, org, "ABC", 10, red, DT_RIGHT, 400, 0), 30);
+  EXPECT_THAT(drawing.calls(),
+              ElementsAre("text 0,0 'A' Times New Roman 12 400 q2", "text 150,0 'ABC' gothic 20 400 q2"));
 }
 
 TEST(CToolsDrawing, leavesTheContextAsFound) {
   for (const support::Primitive &primitive : support::every_primitive) {
     Drawing drawing;
-    CDC &dc = drawing.dc;
-    CPen pen(PS_DASH, 1, RGB(1, 2, 3));
-    CBrush brush(RGB(4, 5, 6));
-    CFont font;
-    font.CreateFontIndirect(&small_font);
-    dc.SelectObject(&pen);
-    dc.SelectObject(&brush);
-    dc.SelectObject(&font);
-    dc.SetBkMode(OPAQUE);
-    dc.SetROP2(R2_MASKPEN);
-    dc.SetTextColor(RGB(7, 8, 9));
-    const std::size_t handles = framework::HandleTable::instance().size();
-
-    primitive.draw(&dc, 1.0);
-
+    support::expect_context_left_as_found(drawing.dc, primitive);
     EXPECT_GT(drawing.device.size(), 0U) << primitive.call;
-    EXPECT_EQ(dc.GetCurrentPen(), &pen) << primitive.call;
-    EXPECT_EQ(dc.GetCurrentBrush(), &brush) << primitive.call;
-    EXPECT_EQ(dc.GetCurrentFont(), &font) << primitive.call;
-    EXPECT_EQ(dc.GetBkMode(), OPAQUE) << primitive.call;
-    EXPECT_EQ(dc.GetROP2(), R2_MASKPEN) << primitive.call;
-    EXPECT_EQ(dc.GetTextColor() == RGB(7, 8, 9), primitive.keeps_text_color) << primitive.call;
-    EXPECT_EQ(framework::HandleTable::instance().size(), handles)
-        << primitive.call << " leaves objects behind";
   }
 }
 

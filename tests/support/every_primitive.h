@@ -2,7 +2,10 @@
 // Every drawing primitive once, for laws that all of them keep. With magnification 1 each paints something
 // inside the first 200 x 200 pixels of a screen; it must survive any other magnification, and a null context.
 
+#include <gtest/gtest.h>
+
 #include "tool/api/CTools.h"
+#include "tool/framework/gdi/handle_table.h"
 
 /// A call of CTools on `dc`, as text and as a function.
 #define DRAWING_CALL(...) #__VA_ARGS__, [](CDC * dc, [[maybe_unused]] double mag) { CTools::__VA_ARGS__; }
@@ -70,5 +73,29 @@ inline const Primitive every_primitive[] = {
     {DRAWING_CALL(Rect_Text_LF(dc, box, mag, org, "SNA", small_font, red, 0x25))},
 };
 // clang-format on
+
+inline void expect_context_left_as_found(CDC &dc, const Primitive &primitive) {
+  SCOPED_TRACE(primitive.call);
+  constexpr COLORREF text_color = RGB(7, 8, 9);
+  CPen pen(PS_DASH, 1, RGB(1, 2, 3));
+  CBrush brush(RGB(4, 5, 6));
+  CFont font;
+  font.CreateFontIndirect(&small_font);
+  dc.SelectObject(&pen);
+  dc.SelectObject(&brush);
+  dc.SelectObject(&font);
+  dc.SetBkMode(OPAQUE);
+  dc.SetROP2(R2_MASKPEN);
+  dc.SetTextColor(text_color);
+  const std::size_t handles = framework::HandleTable::instance().size();
+  primitive.draw(&dc, 1.0);
+  EXPECT_EQ(dc.GetCurrentPen(), &pen);
+  EXPECT_EQ(dc.GetCurrentBrush(), &brush);
+  EXPECT_EQ(dc.GetCurrentFont(), &font);
+  EXPECT_EQ(dc.GetBkMode(), OPAQUE);
+  EXPECT_EQ(dc.GetROP2(), R2_MASKPEN);
+  EXPECT_EQ(dc.GetTextColor() == text_color, primitive.keeps_text_color);
+  EXPECT_EQ(framework::HandleTable::instance().size(), handles) << "objects left behind";
+}
 
 }  // namespace support
