@@ -11,11 +11,11 @@
 namespace {
 
 using framework::RecordingDevice;
-using support::at_p;
-using support::box;
-using support::org;
-using support::red;
-using support::small_font;
+using support::drawing::at_p;
+using support::drawing::box;
+using support::drawing::org;
+using support::drawing::red;
+using support::drawing::small_font;
 using testing::ElementsAre;
 
 /// Figures with their points, pen and raster operation, for instance "polyline 1,2 3,4 w2 xor".
@@ -92,7 +92,7 @@ const Row calls[] = {
     {DRAWING_CALL(Line_Make2(dc, {1, 2}, {3, 4}, 1, org, 1, red, 0, 1)), "polyline 1,2 3,4 w1 xor"},
     {DRAWING_CALL(Line_Make2_Image(dc, {1, 2}, {3, 4}, 2, {1, 1}, 9, red, 0, 1, 1600, 0)),
      "polyline 1,3 5,7 w4 xor"},
-    {DRAWING_CALL(Line_Maked(dc, &support::at_a, &support::at_b, 1.5, {1, 2}, 3, red, 0)),
+    {DRAWING_CALL(Line_Maked(dc, &support::drawing::at_a, &support::drawing::at_b, 1.5, {1, 2}, 3, red, 0)),
      "polyline 29,43 179,223 w4"},
     {DRAWING_CALL(Draw_LineF(dc, {1, 2}, 2, {3, 4}, {5, 6}, 1, red, 0)), "polyline 5,6 9,10 w1"},
     {DRAWING_CALL(Draw_LineF(dc, 3, -3, 5, 7, 0.5, 1, red, 0)), "polyline 1,-1 2,3 w1"},
@@ -246,9 +246,9 @@ TEST(CToolsDrawing, measuresAndKeepsFonts) {
 }
 
 TEST(CToolsDrawing, leavesTheContextAsFound) {
-  for (const support::Primitive &primitive : support::every_primitive) {
+  for (const support::drawing::Primitive &primitive : support::drawing::every_primitive) {
     Drawing drawing;
-    support::expect_context_left_as_found(drawing.dc, primitive);
+    support::drawing::expect_context_left_as_found(drawing.dc, primitive);
     EXPECT_GT(drawing.device.size(), 0U) << primitive.call;
   }
 }
@@ -256,7 +256,7 @@ TEST(CToolsDrawing, leavesTheContextAsFound) {
 TEST(CToolsDrawing, survivesAnyArguments) {
   constexpr double infinite = std::numeric_limits<double>::infinity();
   for (const double mag : {0.0, -1.0, 1e-300, 1e300, -infinite, infinite, std::nan("")})
-    for (const support::Primitive &primitive : support::every_primitive) {
+    for (const support::drawing::Primitive &primitive : support::drawing::every_primitive) {
       Drawing drawing;
       CDC without_device;
       for (CDC *dc : {&drawing.dc, &without_device, static_cast<CDC *>(nullptr)}) primitive.draw(dc, mag);

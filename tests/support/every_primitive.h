@@ -10,7 +10,7 @@
 /// A call of CTools on `dc`, as text and as a function.
 #define DRAWING_CALL(...) #__VA_ARGS__, [](CDC * dc, [[maybe_unused]] double mag) { CTools::__VA_ARGS__; }
 
-namespace support {
+namespace support::drawing {
 
 struct Primitive {
   const char *call;
@@ -20,7 +20,7 @@ struct Primitive {
 
 constexpr COLORREF red = RGB(255, 0, 0), green = RGB(0, 255, 0);
 constexpr LOGFONTA small_font{12, 0, 0, 0, 400, 0, 0, 0, 128, 0, 0, 2, 0, "Times New Roman"};
-inline int tooth[50][2] = {{0, 0}, {0, 40}, {20, 30}, {30, 10}};
+inline int tooth[50][2] = {{0, 0}, {8, 10}, {-4, 25}, {0, 40}};
 inline tagDPOINT at_a{20.5, 30.5}, at_b{120.5, 150.5}, at_p{60.5, 90.5};
 constexpr CPoint org, from(20, 30), to(120, 150);
 constexpr RECT box{20, 30, 120, 150};
@@ -98,4 +98,4 @@ inline void expect_context_left_as_found(CDC &dc, const Primitive &primitive) {
   EXPECT_EQ(framework::HandleTable::instance().size(), handles) << "objects left behind";
 }
 
-}  // namespace support
+}  // namespace support::drawing
