@@ -2,6 +2,7 @@
 // Reading the application's records, which arrive as untyped pointers. One view for each record; fields are
 // copied out, so a record may lie at any address. A null record reads as zeros.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -34,13 +35,12 @@ class LateralRecord {
   /// Centre of the display rotation.
   CPoint porion() const { return landmark(analysis::lateral::Po); }
   double scale() const { return field<double>(record_, offsetof(tagPOINTLAT, scale)); }
-  /// The tracing's line with its screen and print width.
+  /// The tracing's line. Its print width travels in the high half of the width where it is read, under
+  /// thick_solid; elsewhere it would only make the pen thousands of pixels wide. Negative widths count as 0.
   LineStyle line(COLORREF color, int style) const {
-    const auto screen = field<signed char>(record_, offsetof(tagPOINTLAT, lineWidth));
-    const auto print = field<signed char>(record_, offsetof(tagPOINTLAT, printLineWidth));
-    const auto low = static_cast<std::uint16_t>(std::int16_t{screen});
-    const auto high = static_cast<std::uint16_t>(std::int16_t{print});
-    return {static_cast<int>(std::uint32_t{high} << 16 | low), color, style};
+    const int screen = std::max<int>(field<signed char>(record_, offsetof(tagPOINTLAT, lineWidth)), 0);
+    const int print = std::max<int>(field<signed char>(record_, offsetof(tagPOINTLAT, printLineWidth)), 0);
+    return {style == thick_solid ? print << 16 | screen : screen, color, style};
   }
 
  private:
