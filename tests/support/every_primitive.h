@@ -21,6 +21,7 @@ struct Primitive {
 constexpr COLORREF red = RGB(255, 0, 0), green = RGB(0, 255, 0);
 constexpr LOGFONTA small_font{12, 0, 0, 0, 400, 0, 0, 0, 128, 0, 0, 2, 0, "Times New Roman"};
 inline int tooth[50][2] = {{0, 0}, {8, 10}, {-4, 25}, {0, 40}};
+inline tagPOINT curve[] = {{20, 30}, {120, 40}, {110, 150}, {60, 160}};
 inline tagDPOINT at_a{20.5, 30.5}, at_b{120.5, 150.5}, at_p{60.5, 90.5};
 constexpr CPoint org, from(20, 30), to(120, 150);
 constexpr RECT box{20, 30, 120, 150};
@@ -64,6 +65,9 @@ inline const Primitive every_primitive[] = {
     {DRAWING_CALL(Line_Pile(dc, 0, 0, &at_a, &at_b, tooth, org, org, red, mag, org, mag, mag, 3, 1, 0, 0))},
     {DRAWING_CALL(Line_Pile_Image(dc, 0, 200, from, &at_b, tooth, org, org, red, mag, org, 0, mag, 2, 0, 1, 1,
                                   1600, 0))},
+    {DRAWING_CALL(Draw_SPLine(dc, org, mag, curve, 4, red, 1, 1, 3, 0, 10))},
+    {DRAWING_CALL(Draw_SPLine(dc, org, mag, curve, 1, red, 0, 0, 3, 0, 10))},
+    {DRAWING_CALL(Draw_SPLine_Image(dc, org, mag, curve, 4, red, 104, 0, 3, 0, 10, 1600, 0))},
     {DRAWING_CALL(TextMake(dc, 20, 30, "SNA", 20, 400, 9, 1, red, 2, 0, 1, 1)), false},
     {DRAWING_CALL(TextMakeOut(dc, 20, 30, "SNA", 20, 400, 0, 1, red, 2)), false},
     {DRAWING_CALL(Draw_Text(dc, org, mag, from, 3, "SNA", 20, red, 400, 1, 0)), false},
