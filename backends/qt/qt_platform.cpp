@@ -4,6 +4,7 @@
 #include <array>
 
 #include "backends/qt/fonts.h"
+#include "backends/qt/image_device.h"
 
 namespace qt_backend {
 
@@ -27,6 +28,10 @@ void ensure_gui_application() {
 
 std::vector<std::string> missing_fonts() {
   return missing_families();
+}
+
+std::unique_ptr<framework::DrawingDevice> QtPlatform::make_image_device(framework::PixelSpan pixels) {
+  return std::make_unique<ImageDevice>(pixels);
 }
 
 }  // namespace qt_backend

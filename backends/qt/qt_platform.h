@@ -1,6 +1,7 @@
 #pragma once
 // The desktop as Qt offers it.
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,7 @@ std::vector<std::string> missing_fonts();
 class QtPlatform : public framework::HeadlessPlatform {
  public:
   QtPlatform() { ensure_gui_application(); }
+  std::unique_ptr<framework::DrawingDevice> make_image_device(framework::PixelSpan pixels) override;
 };
 
 }  // namespace qt_backend

@@ -55,19 +55,23 @@ TEST(Pictures, SavingAndLoadingIsTheIdentity) {
 
 TEST(Pictures, WhatIsNoneIsRefusedInWords) {
   const support::TemporaryFolder folder;
-  const std::string bmp_head(
-      "BM\x36\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x40\x9c\0\0\x40\x9c\0\0\1\0\x20\0\0\0\0\0", 34);
+  // A grey picture of 40000 x 40000 pixels begins; its pixels never come.
+  const std::string huge(
+      "\x89\x50\x4e\x47\x0d\x0a\x1a\x0a\x00\x00\x00\x0d\x49\x48\x44\x52"
+      "\x00\x00\x9c\x40\x00\x00\x9c\x40\x08\x00\x00\x00\x00\x74\x67\x51"
+      "\xd9\x00\x00\x00\x00\x49\x44\x41\x54\x35\xaf\x06\x1e",
+      45);
   folder.write("text.png", "no picture at all");
   folder.write("empty.png", "");
   folder.write("cut.png", std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16));
-  folder.write("huge.bmp", bmp_head + std::string(20, '\0'));
+  folder.write("huge.png", huge);
   folder.write("drawing.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
   struct Row {
     const char *name;
     const char *reason;
   };
   for (const Row &row : {Row{"text.png", "no PNG"}, Row{"empty.png", "no PNG"}, Row{"cut.png", "cannot read"},
-                         Row{"huge.bmp", "40000 x 40000"}, Row{"drawing.svg", "no PNG"},
+                         Row{"huge.png", "40000 x 40000"}, Row{"drawing.svg", "no PNG"},
                          Row{"absent.png", "No such"}, Row{".", "folder"}}) {
     const qt_backend::LoadedPicture loaded = qt_backend::load_picture(folder.path(row.name));
     EXPECT_TRUE(loaded.picture.empty());

@@ -95,26 +95,26 @@ void FigurePainter::take_away(Spans &from, const Spans &taken) {
 
 void FigurePainter::stroke(std::span<const Point> points, bool closed, const DevicePen &pen) {
   DashWalker dashes(pen);
-  converter_.clear();
+  converter_.begin(limits_);
   stroker_.set_pen(pen.width, pen.width > 1 ? pen.cap : LineCap::flat, pen.join);
   stroker_.set_view(limits_);
   if (dashes.dashed()) {
     if (pen.gap_color) {
       stroker_.stroke(points, closed);
-      converter_.fill(FillRule::winding, limits_, pen_.gaps);
-      converter_.clear();
+      converter_.fill(FillRule::winding, pen_.gaps);
+      converter_.begin(limits_);
     }
     stroker_.stroke_dashes(points, closed, dashes);
   } else {
     stroker_.stroke(points, closed);
   }
-  converter_.fill(FillRule::winding, limits_, pen_.on);
+  converter_.fill(FillRule::winding, pen_.on);
 }
 
 void FigurePainter::fill_inside(std::span<const Point> points, FillRule rule) {
-  converter_.clear();
+  converter_.begin(limits_);
   converter_.add_polygon(points);
-  converter_.fill(rule, limits_, inside_);
+  converter_.fill(rule, inside_);
 }
 
 void FigurePainter::add_polyline(std::span<const POINT> points, bool closed, const Paint &paint) {

@@ -14,6 +14,11 @@ int ceiling(double v) {
 
 }  // namespace
 
+void ScanConverter::begin(const RECT &view) {
+  view_ = view;
+  edges_.clear();
+}
+
 void ScanConverter::add_edge(Point a, Point b, bool reversed) {
   if (!std::isfinite(a.x + a.y + b.x + b.y)) return;
   int winding = reversed ? -1 : 1;
@@ -23,7 +28,8 @@ void ScanConverter::add_edge(Point a, Point b, bool reversed) {
   }
   const int top = ceiling(a.y);
   const int bottom = ceiling(b.y);
-  if (top < bottom) edges_.push_back({top, bottom, winding, a.x, a.y, (b.x - a.x) / (b.y - a.y), 0});
+  if (top < bottom && top < view_.bottom && bottom > view_.top)
+    edges_.push_back({top, bottom, winding, a.x, a.y, (b.x - a.x) / (b.y - a.y), 0});
 }
 
 void ScanConverter::add_polygon(std::span<const Point> corners) {
@@ -33,22 +39,27 @@ void ScanConverter::add_polygon(std::span<const Point> corners) {
 
 void ScanConverter::add_convex(std::span<const Point> corners) {
   double area = 0;
+  double left = corners[0].x;
+  double right = left;
   for (std::size_t i = 0; i < corners.size(); ++i) {
     const Point &a = corners[i];
     const Point &b = corners[(i + 1) % corners.size()];
+    left = std::min(left, a.x);
+    right = std::max(right, a.x);
     area += (a.x - corners[0].x) * (b.y - corners[0].y) - (b.x - corners[0].x) * (a.y - corners[0].y);
   }
+  if (right < view_.left || left >= view_.right) return;
   for (std::size_t i = 0; i < corners.size(); ++i) {
     add_edge(corners[i], corners[(i + 1) % corners.size()], area < 0);
   }
 }
 
-void ScanConverter::fill(framework::FillRule rule, const RECT &limits, Spans &result) {
+void ScanConverter::fill(framework::FillRule rule, Spans &result) {
   result.clear();
   std::sort(edges_.begin(), edges_.end(), [](const Edge &a, const Edge &b) { return a.top < b.top; });
   active_.clear();
   auto next = edges_.begin();
-  for (int y = edges_.empty() ? limits.bottom : std::max(limits.top, edges_.front().top); y < limits.bottom;
+  for (int y = edges_.empty() ? view_.bottom : std::max(view_.top, edges_.front().top); y < view_.bottom;
        ++y) {
     const auto first_new = next;
     for (; next != edges_.end() && next->top <= y; ++next) {
@@ -71,8 +82,8 @@ void ScanConverter::fill(framework::FillRule rule, const RECT &limits, Spans &re
       winding += rule == framework::FillRule::winding ? active_[i].winding : 1;
       const bool inside = rule == framework::FillRule::winding ? winding != 0 : winding % 2 != 0;
       if (!inside) continue;
-      const int left = std::max(ceiling(active_[i].here), limits.left);
-      const int right = std::min(ceiling(active_[i + 1].here), limits.right);
+      const int left = std::max(ceiling(active_[i].here), view_.left);
+      const int right = std::min(ceiling(active_[i + 1].here), view_.right);
       if (left >= right) continue;
       if (!result.empty() && result.back().y == y && result.back().right >= left) {
         result.back().right = std::max(result.back().right, right);

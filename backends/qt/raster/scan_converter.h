@@ -17,14 +17,15 @@ struct Point {
 
 class ScanConverter {
  public:
-  void clear() { edges_.clear(); }
+  /// Begins anew; nothing outside `view` counts.
+  void begin(const RECT &view);
   /// Adds a closed polygon.
   void add_polygon(std::span<const Point> corners);
   /// Adds a convex polygon as if it ran clockwise, so that the winding of overlapping pieces adds up.
   void add_convex(std::span<const Point> corners);
   /// The pixels whose centre lies inside all that was added: a centre on a left or top edge does, on a right
   /// or bottom edge does not. A normalised set.
-  void fill(framework::FillRule rule, const RECT &limits, Spans &result);
+  void fill(framework::FillRule rule, Spans &result);
 
  private:
   struct Edge {
@@ -37,6 +38,7 @@ class ScanConverter {
   };
   void add_edge(Point a, Point b, bool reversed);
 
+  RECT view_{};
   std::vector<Edge> edges_;
   std::vector<Edge> active_;
 };
