@@ -1,5 +1,5 @@
 # The installed package: library, headers as `tool/...`, analyses under share/tool/ANAITEM, package config.
-# Another project writes find_package(Tool) and links Tool::tool.
+# Another project writes find_package(Tool) and links Tool::tool, and Tool::tool_qt where Qt 6 is present.
 include(CMakePackageConfigHelpers)
 
 set(tool_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Tool)
@@ -12,6 +12,15 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/tool DESTINATION ${CMAKE_INSTALL_INCLUDE
   FILES_MATCHING PATTERN "*.h")
 if(EXISTS ${PROJECT_SOURCE_DIR}/data/ANAITEM)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/ANAITEM DESTINATION ${CMAKE_INSTALL_DATADIR}/tool)
+endif()
+
+if(TARGET tool_qt)
+  install(TARGETS tool_qt EXPORT ToolQtTargets
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES ${TOOL_QT_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/backends/qt)
+  install(EXPORT ToolQtTargets NAMESPACE Tool:: DESTINATION ${tool_package_dir})
 endif()
 
 install(EXPORT ToolTargets NAMESPACE Tool:: DESTINATION ${tool_package_dir})

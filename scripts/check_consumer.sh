@@ -16,6 +16,9 @@ cmake -S tests/consumer -B "$scratch/build" -G Ninja -DCMAKE_PREFIX_PATH="$scrat
   -DCMAKE_CXX_COMPILER="${3:-g++}" -DCMAKE_CXX_FLAGS="${4:-}" > "$scratch/configure.log"
 cmake --build "$scratch/build" > "$scratch/build.log" || { cat "$scratch/build.log"; exit 1; }
 XDG_CONFIG_HOME=$scratch/config "$scratch/build/consumer"
+if [[ -x $scratch/build/consumer_qt ]]; then
+  "$scratch/build/consumer_qt"
+fi
 if [[ -x $scratch/prefix/bin/ceph ]]; then
   XDG_CONFIG_HOME=$scratch/config "$scratch/prefix/bin/ceph" analyses > "$scratch/analyses.txt"
   test -s "$scratch/analyses.txt"

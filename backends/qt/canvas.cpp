@@ -232,7 +232,8 @@ void PaintDevice::Canvas::image(const QRectF &target, const QImage &image, const
     painter.drawImage(target, image);
     return;
   }
-  // Pixels whose middle lies outside the clip become transparent; a small picture gets the device's pixels first.
+  // Pixels whose middle lies outside the clip become transparent; a small picture gets the device's pixels
+  // first.
   QImage cut = image.convertToFormat(QImage::Format_ARGB32);
   const QSize size = target.size().toSize();
   if (cut.width() < size.width() && cut.height() < size.height()) cut = cut.scaled(size);

@@ -1,27 +1,29 @@
 #pragma once
 // A file that appears when it is complete, or not at all. Private to the back end.
 
-#include <QSaveFile>
+#include <QBuffer>
 #include <string>
-
-#include "backends/qt/conversions.h"
 
 namespace qt_backend {
 
-/// Written beside its place and moved there by commit().
 class OutputFile {
  public:
-  explicit OutputFile(const std::string &path_utf8) : path_(path_utf8), file_(utf8_to_qt(path_utf8)) {}
+  explicit OutputFile(std::string path_utf8) : path_(std::move(path_utf8)) {}
 
-  bool open() { return file_.open(QIODevice::WriteOnly); }
-  bool commit() { return file_.commit(); }
-  QSaveFile &device() { return file_; }
-  /// In words that a user understands.
-  std::string reason() const { return "cannot write " + path_ + ": " + file_.errorString().toStdString(); }
+  /// False when the file could not be written here: there is no such folder, no right to write, a folder,
+  /// pipe or device of this name, which the complete file would replace. Nothing is left behind.
+  bool open();
+  /// Takes what is to be in the file, in memory: of a failed write of its own, a painter tells nobody.
+  QIODevice &content() { return content_; }
+  /// Writes the content beside the file's place and moves it there.
+  bool commit();
+  /// What failed, in words that a user understands.
+  std::string reason() const { return "cannot write " + path_ + ": " + reason_; }
 
  private:
   std::string path_;
-  QSaveFile file_;
+  std::string reason_;
+  QBuffer content_;
 };
 
 }  // namespace qt_backend

@@ -56,7 +56,7 @@ bool PdfDevice::begin_document(std::string_view name) {
   ensure_gui_application();
   auto document = std::make_unique<Document>(path_);
   if (!document->file.open()) return fail(document->file.reason());
-  document->writer = std::make_unique<QPdfWriter>(&document->file.device());
+  document->writer = std::make_unique<QPdfWriter>(&document->file.content());
   QPdfWriter &writer = *document->writer;
   writer.setTitle(to_qt(name));
   writer.setResolution(page_.dots_per_inch);
@@ -70,8 +70,8 @@ bool PdfDevice::begin_document(std::string_view name) {
 bool PdfDevice::begin_page() {
   if (!document_) return false;
   QPainter &painter = canvas().painter;
-  if (painter.isActive()) return document_->writer->newPage() || fail(document_->file.reason());
-  if (!painter.begin(document_->writer.get())) return fail(document_->file.reason());
+  if (painter.isActive()) return document_->writer->newPage() || fail("cannot begin another page");
+  if (!painter.begin(document_->writer.get())) return fail("cannot begin a page");
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::LosslessImageRendering);  // an X-ray picture keeps its grey values
   return true;

@@ -85,7 +85,7 @@ bool save_picture(framework::PixelView picture, const std::string &path, std::st
   const int dots_per_meter = static_cast<int>(std::lround(dots_per_inch / 0.0254));
   image.setDotsPerMeterX(dots_per_meter);
   image.setDotsPerMeterY(dots_per_meter);
-  QImageWriter writer(&file.device(), format);
+  QImageWriter writer(&file.content(), format);
   if (format == "jpeg") writer.setQuality(jpeg_quality);
   if (!writer.write(image)) return fail("cannot write " + path + ": " + writer.errorString().toStdString());
   return file.commit() || fail(file.reason());

@@ -47,12 +47,12 @@ bool SvgDevice::begin_document(std::string_view name) {
   ensure_gui_application();
   auto document = std::make_unique<Document>(path_);
   if (!document->file.open()) return fail(document->file.reason());
-  document->generator.setOutputDevice(&document->file.device());
+  document->generator.setOutputDevice(&document->file.content());
   document->generator.setTitle(to_qt(name));
   document->generator.setResolution(dots_per_inch_);
   document->generator.setSize(QSize(able.width, able.height));
   document->generator.setViewBox(QRect(0, 0, able.width, able.height));
-  if (!canvas().painter.begin(&document->generator)) return fail(document->file.reason());
+  if (!canvas().painter.begin(&document->generator)) return fail("cannot begin the picture");
   document_ = std::move(document);
   return true;
 }

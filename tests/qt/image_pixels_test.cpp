@@ -311,14 +311,15 @@ TEST(ImageLaws, ExclusiveOrTwiceRestoresEveryBit) {
   }
 }
 
-/// The bit an R2 code gives: code - 1 is the table of its results for (pen, pixel) = 00, 01, 10, 11.
+/// An R2 code less one is the table of its results for (pen, pixel) = 00, 01, 10, 11.
 COLORREF operated(int rop, COLORREF ink, COLORREF pixel) {
+  const unsigned table = static_cast<unsigned>(rop - 1);
   COLORREF result = 0;
-  for (int bit = 0; bit < 24; ++bit) {
-    const unsigned row = (ink >> bit & 1) * 2 + (pixel >> bit & 1);
-    result |= (static_cast<unsigned>(rop - 1) >> row & 1) << bit;
-  }
-  return result;
+  if (table & 1) result |= ~ink & ~pixel;
+  if (table & 2) result |= ~ink & pixel;
+  if (table & 4) result |= ink & ~pixel;
+  if (table & 8) result |= ink & pixel;
+  return result & 0xFFFFFF;
 }
 
 TEST(ImageLaws, EveryRasterOperationMeetsEachPixelOnce) {
