@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "backends/qt/canvas.h"
+#include "backends/qt/conversions.h"
 #include "backends/qt/output_file.h"
 #include "backends/qt/qt_platform.h"
 

@@ -3,6 +3,7 @@
 #include <QSvgGenerator>
 
 #include "backends/qt/canvas.h"
+#include "backends/qt/conversions.h"
 #include "backends/qt/output_file.h"
 #include "backends/qt/qt_platform.h"
 
