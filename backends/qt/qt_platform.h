@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tool/framework/gdi/drawing_device.h"
 #include "tool/framework/platform.h"
 
 namespace qt_backend {
