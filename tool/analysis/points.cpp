@@ -48,7 +48,8 @@ int reference_count(char type) {
 }
 
 /// Evaluates virtual points. `path` holds the definitions under evaluation, so that a definition which leads
-/// back to itself is found; `steps` bounds the work that a tangled set of definitions may cause.
+/// back to itself is found; `steps` bounds the work that a tangled set of definitions may cause. A point that
+/// others are built from is evaluated once, so that ladders of them do not double the work at every step.
 class VirtualPoints {
  public:
   VirtualPoints(const PointTables &tables, std::optional<Reason> *reason)
@@ -60,6 +61,7 @@ class VirtualPoints {
     constexpr int max_steps = 20000;
     if (std::find(path_.begin(), path_.end(), &definition) != path_.end() || path_.size() >= max_depth ||
         ++steps_ > max_steps) {
+      ++cuts_;
       note(reason_, Reason::Kind::cycle, own_name);
       return std::nullopt;
     }
@@ -70,6 +72,24 @@ class VirtualPoints {
   }
 
  private:
+  /// What came of one of the table's definitions.
+  struct Known {
+    bool is_known = false;
+    std::optional<CPointD> position;
+  };
+
+  std::optional<CPointD> evaluate_once(std::size_t index) {
+    if (!known_.empty() && known_[index].is_known) return known_[index].position;
+    const int cuts_before = cuts_;
+    const std::optional<CPointD> position = evaluate(tables_.virtual_points[index]);
+    // What rests on a reference that was not followed depends on where the evaluation came from.
+    if (cuts_ == cuts_before) {
+      known_.resize(tables_.virtual_points.size());
+      known_[index] = {true, position};
+    }
+    return position;
+  }
+
   struct Reference {
     explicit Reference(std::string_view reference_name) : name(reference_name) {}
 
@@ -133,12 +153,12 @@ class VirtualPoints {
 
   void match_virtual_points(const tagKPOINT &definition, std::span<Reference> refs) {
     const std::string_view own_name = text_of(definition.name);
-    for (const tagKPOINT &other : tables_.virtual_points) {
-      const std::string_view name = text_of(other.name);
+    for (std::size_t i = 0; i < tables_.virtual_points.size(); ++i) {
+      const std::string_view name = text_of(tables_.virtual_points[i].name);
       if (name == own_name) continue;
       for (Reference &reference : refs) {
         if (reference.name != name) continue;
-        if (const std::optional<CPointD> p = evaluate(other)) reference.set(*p, {});
+        if (const std::optional<CPointD> p = evaluate_once(i)) reference.set(*p, {});
       }
     }
   }
@@ -170,7 +190,9 @@ class VirtualPoints {
   const PointTables &tables_;
   std::optional<Reason> *reason_;
   std::vector<const tagKPOINT *> path_;
+  std::vector<Known> known_;  ///< parallel to the table, once something is known
   int steps_ = 0;
+  int cuts_ = 0;  ///< definitions that were not followed
 };
 
 }  // namespace
