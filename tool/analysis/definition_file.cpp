@@ -134,10 +134,9 @@ LineClass classify_line(std::string_view line) {
 }
 
 KeyValue split_key_value(std::string_view line) {
-  const std::size_t separator = line.find('=');
-  const std::string_view key = cut_to(line.substr(0, separator), max_item_text_bytes);
-  if (separator == std::string_view::npos) return {key, {}, false};
-  return {key, line.substr(separator + 1), true};
+  KeyValue parts = env::split_at_equals(line);
+  parts.key = cut_to(parts.key, max_item_text_bytes);
+  return parts;
 }
 
 std::string_view list_field(std::string_view list, int index) {

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tool/env/text.h"
+
 namespace analysis {
 
 /// Class of a line: 0 is a content line; classes above 100 are the second set.
@@ -56,12 +58,8 @@ struct Line {
   bool cut;               ///< the line was longer than 511 bytes
 };
 
-/// Key and value of an item, norm or stage line, split at the first '='.
-struct KeyValue {
-  std::string_view key;
-  std::string_view value;
-  bool has_separator;
-};
+/// Key and value of an item, norm or stage line, split at the first '='; the key is cut like an item text.
+using env::KeyValue;
 KeyValue split_key_value(std::string_view line);
 
 /// Field number `index` of a comma-separated list: below 0 the first, beyond the end the last; at most 99

@@ -40,12 +40,6 @@ std::string doubled_ampersands(std::string_view text) {
   return result;
 }
 
-KeyValue split_at_equals(std::string_view line) {
-  const std::size_t separator = line.find('=');
-  if (separator == std::string_view::npos) return {line, {}, false};
-  return {line.substr(0, separator), line.substr(separator + 1), true};
-}
-
 std::string printed_without_arguments(std::string_view format) {
   std::string result;
   for (std::size_t i = 0; i < format.size(); ++i) {
@@ -69,20 +63,22 @@ TextLine read_line(std::string_view text, std::size_t most) {
 }
 
 bool is_plainly_printed(std::string_view text) {
-  constexpr std::size_t most_digits = 9;
-  constexpr std::size_t printed_decimals = 6;
-  const std::size_t first = !text.empty() && text.front() == '-' ? 1 : 0;
-  std::size_t at = first;
-  while (at < text.size() && framework::is_digit(text[at])) ++at;
-  const std::size_t digits = at - first;
-  if (digits == 0 || digits > most_digits || (text[first] == '0' && digits > 1)) return false;
-  if (at == text.size()) return true;
-  const std::size_t decimals = text.size() - at - 1;
-  if (text[at] != '.' || decimals > printed_decimals) return false;
-  while (++at < text.size()) {
-    if (!framework::is_digit(text[at])) return false;
-  }
-  return true;
+  constexpr std::ptrdiff_t most_digits = 9;
+  constexpr std::ptrdiff_t printed_decimals = 6;
+  const char *at = text.data();
+  const char *const end = at + text.size();
+  const auto skip_digits = [&] {
+    const char *const begin = at;
+    while (at != end && framework::is_digit(*at)) ++at;
+    return at - begin;
+  };
+  if (at != end && *at == '-') ++at;
+  const char first = at != end ? *at : '\0';
+  const std::ptrdiff_t digits = skip_digits();
+  if (digits == 0 || digits > most_digits || (first == '0' && digits > 1)) return false;
+  if (at == end) return true;
+  if (*at++ != '.') return false;
+  return skip_digits() <= printed_decimals && at == end;
 }
 
 bool is_number(std::string_view text) {

@@ -19,7 +19,11 @@ struct KeyValue {
   std::string_view value;
   bool has_separator;
 };
-KeyValue split_at_equals(std::string_view line);
+constexpr KeyValue split_at_equals(std::string_view line) {
+  const std::size_t separator = line.find('=');
+  if (separator == std::string_view::npos) return {line, {}, false};
+  return {line.substr(0, separator), line.substr(separator + 1), true};
+}
 
 /// What printf makes of a text that is the format itself, with no arguments: "%%" is a percent sign; a
 /// conversion has nothing to print and leaves nothing; a '%' that begins no conversion disappears.
