@@ -13,10 +13,9 @@ bool is_item_line(const Line &line) {
   return line.own == LineClass::content && (line.block == LineClass::calc || line.block == LineClass::calc2);
 }
 
-Item read_item(const Line &line, std::size_t index, Mode mode) {
+void read_item(const Line &line, std::size_t index, Mode mode, Item &item) {
   const KeyValue parts = split_key_value(line.text);
   const KindSuffix suffix = split_kind_suffix(parts.value);
-  Item item;
   item.text = parts.key;
   item.formula = suffix.formula;
   item.heading = parts.value.empty();
@@ -25,16 +24,15 @@ Item read_item(const Line &line, std::size_t index, Mode mode) {
   item.display_flag = suffix.display_flag;
   item.listed = line.block == LineClass::calc;
   item.line = index;
-  return item;
 }
 
 void read_items(const DefinitionFile &file, Mode mode, CompiledItems &compiled) {
   const std::span<const Line> lines = file.lines();
+  std::uint32_t count = 0;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (!is_item_line(lines[i])) continue;
-    compiled.items.push_back(read_item(lines[i], i, mode));
-    const auto index = static_cast<std::uint32_t>(compiled.items.size() - 1);
-    compiled.first_with_text.push_back(compiled.by_text.insert(compiled.items.back().text, index));
+    read_item(lines[i], i, mode, compiled.items.emplace_back());
+    compiled.first_with_text.push_back(compiled.by_text.insert(compiled.items.back().text, count++));
   }
 }
 
@@ -55,7 +53,14 @@ struct NormBlock {
 /// Notes every item's first norm line of each kind and sex.
 void read_norms(const DefinitionFile &file, CompiledItems &compiled) {
   compiled.norms.resize(compiled.items.size());
+  compiled.norm_lines.reserve(compiled.items.size() * 2);
   NormBlock block(LineClass::content);
+  // Norms mostly stand in the order of their items: the item behind the last one is looked at first.
+  std::uint32_t next = 0;
+  const auto find_item = [&](std::string_view text) -> std::optional<std::uint32_t> {
+    const bool is_next = next < compiled.items.size() && compiled.items[next].text == text;
+    return is_next ? compiled.first_with_text[next] : compiled.by_text.find(text);
+  };
   for (const Line &line : file.lines()) {
     if (line.own != LineClass::content) {
       block = NormBlock(line.own);
@@ -63,11 +68,14 @@ void read_norms(const DefinitionFile &file, CompiledItems &compiled) {
     }
     if (line.text.empty() || !(block.accepted[0] || block.accepted[1])) continue;
     const KeyValue norm = split_key_value(line.text);
-    const std::optional<std::uint32_t> item = compiled.by_text.find(norm.key);
+    const std::optional<std::uint32_t> item = find_item(norm.key);
     if (!item) continue;
+    next = *item + 1;
+    compiled.norm_lines.push_back({norm.value, block.second_set});
+    const auto number = static_cast<std::uint32_t>(compiled.norm_lines.size());
+    auto &lines_by_sex = compiled.norms[*item].line[block.which == NormKind::mean ? 0 : 1];
     for (std::size_t sex = 0; sex < 2; ++sex) {
-      std::optional<NormLine> &slot = compiled.norms[*item].line[block.which == NormKind::mean ? 0 : 1][sex];
-      if (block.accepted[sex] && !slot) slot = NormLine{norm.value, block.second_set};
+      if (block.accepted[sex] && lines_by_sex[sex] == 0) lines_by_sex[sex] = number;
     }
   }
 }
@@ -81,7 +89,10 @@ void compile_alternatives(std::string_view formula, FormulaCompiler &compiler, C
     const std::size_t next = formula.find(';', at + 1);
     const std::string_view text = formula.substr(at + 1, next - at - 1);
     const bool is_text = text.find('"') != std::string_view::npos;
-    compiled.alternatives.push_back({is_text, text, is_text ? Formula{} : compiler.compile(text)});
+    Alternative &alternative = compiled.alternatives.emplace_back();
+    alternative.is_text = is_text;
+    alternative.text = text;
+    if (!is_text) compiler.compile(text, alternative.formula);
     ++plan.alternative_count;
     at = next;
   }
@@ -91,12 +102,12 @@ void compile_items(Mode mode, CompiledItems &compiled) {
   FormulaCompiler compiler(compiled.program, mode, &compiled.by_text, compiled.diagnosed);
   compiled.plans.resize(compiled.items.size());
   compiled.program.instructions.reserve(compiled.items.size() * 3);
-  compiled.program.points.reserve(compiled.items.size() * 6);
+  compiled.program.points.reserve(compiled.items.size());
   for (std::size_t i = 0; i < compiled.items.size(); ++i) {
     const std::string_view formula = compiled.items[i].formula;
     if (compiled.items[i].heading) continue;
     ItemPlan &plan = compiled.plans[i];
-    plan.formula = compiler.compile(formula);
+    compiler.compile(formula, plan.formula);
     plan.chooses = compiler.may_choose() && find_word(formula, "switch") != std::string_view::npos;
     if (plan.chooses) compile_alternatives(formula, compiler, compiled, plan);
   }

@@ -1,8 +1,8 @@
 #pragma once
 // What an Analysis keeps of its file: items, their compiled formulas, and where their norms stand.
 
+#include <cstdint>
 #include <memory_resource>
-#include <optional>
 #include <vector>
 
 #include "tool/analysis/analysis.h"
@@ -28,8 +28,9 @@ struct ItemPlan {
 };
 
 struct CompiledItems {
+  /// Where an item's norms stand among norm_lines, counted from 1; 0: it has none.
   struct Norms {
-    std::optional<NormLine> line[2][2];  ///< [mean, sd][male, female]
+    std::uint32_t line[2][2];  ///< [mean, sd][male, female]
   };
 
   explicit CompiledItems(std::size_t expected_items)
@@ -47,10 +48,14 @@ struct CompiledItems {
   Program program{&memory};
   NameIndex by_text;
   std::pmr::vector<Norms> norms{&memory};  ///< parallel to items; only the first item with a text has them
+  std::pmr::vector<NormLine> norm_lines{&memory};
   bool diagnosed = false;
 
-  const std::optional<NormLine> &norm_line(std::size_t item, NormKind which, int sex) const {
-    return norms[first_with_text[item]].line[which == NormKind::mean ? 0 : 1][sex == 1 ? 0 : 1];
+  /// Null when the item has none.
+  const NormLine *norm_line(std::size_t item, NormKind which, int sex) const {
+    const std::uint32_t line =
+        norms[first_with_text[item]].line[which == NormKind::mean ? 0 : 1][sex == 1 ? 0 : 1];
+    return line == 0 ? nullptr : &norm_lines[line - 1];
   }
 };
 

@@ -148,13 +148,16 @@ double Evaluator::choose(const Program &program, const Instruction &instruction,
 
 double Evaluator::measure(const Program &program, const Instruction &instruction) {
   if (!tracing_->has_record()) {
-    add_reason(Reason::Kind::unplaced_point, program.points[instruction.points[0]].name);
+    const PointReference first = instruction.points[0];
+    const std::string_view name =
+        first.is_landmark() ? landmark_name(first.landmark()) : program.points[first.node()].name;
+    add_reason(Reason::Kind::unplaced_point, name);
     return 0.0;
   }
   if (instruction.on_landmarks && !collect_) {
     const POINT *const landmarks = tracing_->landmarks().data();
     return measured(instruction, tracing_->scale(), [&](std::size_t k) {
-      const POINT &p = landmarks[instruction.landmarks[k]];
+      const POINT &p = landmarks[instruction.points[k].landmark()];
       return CPointD(p.x, p.y);
     });
   }
@@ -174,18 +177,21 @@ double Evaluator::model_item(const Instruction &instruction) {
 // Points
 // --------------------------------------------------------------------------------------------------------
 
-CPointD Evaluator::landmark(const PointNode &node) {
+std::string_view Evaluator::landmark_name(std::size_t landmark) const {
+  return vocabulary(record_kind(tracing_->mode()))[landmark];
+}
+
+CPointD Evaluator::landmark(std::size_t landmark) {
   if (!tracing_->has_record()) return {};
-  const POINT &p = tracing_->landmarks()[static_cast<std::size_t>(node.landmark)];
-  if (collect_ && p.x == 0 && p.y == 0) add_reason(Reason::Kind::unplaced_point, node.name);
+  const POINT &p = tracing_->landmarks()[landmark];
+  if (collect_ && p.x == 0 && p.y == 0) add_reason(Reason::Kind::unplaced_point, landmark_name(landmark));
   return CPointD(p.x, p.y);
 }
 
-CPointD Evaluator::point(const Program &program, std::uint32_t index) {
-  const PointNode &node = program.points[index];
+CPointD Evaluator::point(const Program &program, PointReference reference) {
+  if (reference.is_landmark()) return landmark(reference.landmark());
+  const PointNode &node = program.points[reference.node()];
   switch (node.kind) {
-    case PointNode::Kind::landmark:
-      return landmark(node);
     case PointNode::Kind::named:
       return point_position(node.name, *tracing_, reason_slot());
     case PointNode::Kind::effective_a:
@@ -242,7 +248,7 @@ bool Evaluator::may_enter(std::size_t index) {
   const bool may = !runs && depth_ < max_item_depth && evaluations_ < max_evaluations;
   if (!may) {
     ++cuts_;
-    add_reason(Reason::Kind::cycle, analysis_->items()[index].text);
+    add_reason(Reason::Kind::cycle, analysis_->compiled().items[index].text);
   }
   return may;
 }
@@ -253,7 +259,7 @@ double Evaluator::reference(const Instruction &instruction) {
     return 0.0;
   }
   const std::size_t index = instruction.item;
-  if (analysis_->items()[index].heading) return 0.0;
+  if (analysis_->compiled().items[index].heading) return 0.0;
   if (!may_enter(index)) return 0.0;
   const auto norm = [&](NormKind which) {
     const std::optional<double> found = norm_number(index, which);
@@ -284,20 +290,26 @@ const ItemOutcome &Evaluator::item(std::size_t index) {
     return memory.outcomes[index];
   }
   if (memory.outcomes.empty()) memory.outcomes.resize(analysis_->items().size());
+  ItemOutcome &outcome = memory.outcomes[index];
   const int cuts_before = cuts_;
-  std::optional<Reason> outer;
-  if (collect_) outer = take_reason();
-  enter_item(index, memory.outcomes[index]);
-  // What rests on a reference that was not followed depends on where the evaluation came from.
-  if (cuts_ == cuts_before) {
-    status_[index] |= known_here;
-    if (collect_) {
-      if (memory.reasons.empty()) memory.reasons.resize(analysis_->items().size());
-      memory.reasons[index] = reason_;
-    }
+  if (collect_) {
+    enter_item_for_reasons(index, outcome, memory.reasons);
+  } else {
+    enter_item(index, outcome);
   }
+  // What rests on a reference that was not followed depends on where the evaluation came from.
+  if (cuts_ == cuts_before) status_[index] |= known_here;
+  return outcome;
+}
+
+/// Keeps the item's own reason apart from the one that is already there.
+void Evaluator::enter_item_for_reasons(std::size_t index, ItemOutcome &outcome,
+                                       std::vector<std::optional<Reason>> &reasons) {
+  std::optional<Reason> outer = take_reason();
+  enter_item(index, outcome);
+  reasons.resize(analysis_->items().size());
+  reasons[index] = reason_;
   if (outer) reason_ = std::move(outer);
-  return memory.outcomes[index];
 }
 
 void Evaluator::enter_item(std::size_t index, ItemOutcome &outcome) {
@@ -345,17 +357,20 @@ ItemOutcome Evaluator::pick_alternative(const ItemPlan &plan, double index) {
 // ---------------------------------------------------------------------------------------------------------
 
 void Evaluator::norm_text(std::size_t index, NormKind which, int kind, std::string &text) {
-  const std::optional<NormLine> &line = analysis_->compiled().norm_line(index, which, patient_.sex);
+  const NormLine *line = analysis_->compiled().norm_line(index, which, patient_.sex);
   if (!line) return;
   const std::string_view field = norm_column(*line, patient_.age_code);
   if (env::is_plainly_printed(field)) {
-    return write_plain_norm(field, kind, patient_.magnification, text);
+    if (!is_written_as_it_is(field, kind, patient_.magnification))
+      return write_norm_number(field, kind, patient_.magnification, text);
+    text = field;
+    return;
   }
   if (depth_ == 0) evaluations_ = 0;
   const Status mark = which == NormKind::mean ? running_mean : running_sd;
   if ((status_[index] & mark) != 0) {
     ++cuts_;
-    add_reason(Reason::Kind::cycle, analysis_->items()[index].text);
+    add_reason(Reason::Kind::cycle, analysis_->compiled().items[index].text);
     return;
   }
   status_[index] |= mark;
@@ -364,10 +379,15 @@ void Evaluator::norm_text(std::size_t index, NormKind which, int kind, std::stri
 }
 
 std::optional<double> Evaluator::norm_number(std::size_t index, NormKind which) {
-  if (!analysis_->compiled().norm_line(index, which, patient_.sex)) return std::nullopt;
+  const NormLine *line = analysis_->compiled().norm_line(index, which, patient_.sex);
+  if (!line) return std::nullopt;
+  const int kind = analysis_->compiled().items[index].kind;
+  const std::string_view field = norm_column(*line, patient_.age_code);
+  if (env::is_plainly_printed(field) && is_written_as_it_is(field, kind, patient_.magnification))
+    return framework::decimal_value(field);
   const int cuts_before = cuts_;
   std::string text;
-  norm_text(index, which, analysis_->items()[index].kind, text);
+  norm_text(index, which, kind, text);
   if (cuts_ != cuts_before && text.empty()) return std::nullopt;
   if (!env::is_number(text)) return std::nullopt;
   return framework::decimal_value(text);

@@ -45,7 +45,7 @@ class Evaluator {
   double run(const Program &program, const Formula &formula, ValueTable &values);
   /// The same on a fresh table.
   double run(const Program &program, const Formula &formula);
-  CPointD point(const Program &program, std::uint32_t index);
+  CPointD point(const Program &program, PointReference reference);
 
   /// Valid until the item is evaluated again or the tracing changes.
   const ItemOutcome &item(std::size_t index);
@@ -68,11 +68,14 @@ class Evaluator {
   double reference(const Instruction &instruction);
   double model_item(const Instruction &instruction);
   double choose(const Program &program, const Instruction &instruction, const ValueTable &values) const;
-  CPointD landmark(const PointNode &node);
+  CPointD landmark(std::size_t landmark);
+  std::string_view landmark_name(std::size_t landmark) const;
   CPointD construct(const Program &program, const PointNode &node);
   CPointD effective_a_point() const;
   void evaluate_item(std::size_t index, ItemOutcome &outcome);
   void enter_item(std::size_t index, ItemOutcome &outcome);
+  void enter_item_for_reasons(std::size_t index, ItemOutcome &outcome,
+                              std::vector<std::optional<Reason>> &reasons);
   bool may_enter(std::size_t index);
   ItemOutcome pick_alternative(const ItemPlan &plan, double index);
   std::string evaluate_norm_formula(std::string_view field);

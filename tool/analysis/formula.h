@@ -16,11 +16,26 @@ namespace analysis {
 inline constexpr std::size_t value_table_size = 100;
 inline constexpr std::size_t max_values = 99;  ///< no more entries than this are ever appended
 
-/// A point expression. Arguments are indices into Program::points.
+/// A point that a term or a construction needs: a landmark of the mode's vocabulary, as most are, or one of
+/// Program::points.
+struct PointReference {
+  std::uint32_t code;
+
+  static constexpr std::uint32_t landmark_bit = 0x80000000;
+  static constexpr PointReference to_landmark(int landmark) {
+    return {landmark_bit | static_cast<std::uint32_t>(landmark)};
+  }
+  static constexpr PointReference to_node(std::size_t index) { return {static_cast<std::uint32_t>(index)}; }
+
+  constexpr bool is_landmark() const { return (code & landmark_bit) != 0; }
+  constexpr std::size_t landmark() const { return code & ~landmark_bit; }
+  constexpr std::size_t node() const { return code; }
+};
+
+/// A point expression that is more than a landmark.
 struct PointNode {
   enum class Kind : std::uint8_t {
-    landmark,  ///< `landmark` of the mode's vocabulary
-    named,     ///< user or virtual point, looked up by `name`
+    named,  ///< user or virtual point, looked up by `name`
     midpoint,
     foot,       ///< of argument 2 on the line through arguments 0 and 1
     crossing,   ///< of the lines 0-1 and 2-3
@@ -33,8 +48,7 @@ struct PointNode {
   PointNode() noexcept {}  // NOLINT(modernize-use-equals-default)
 
   Kind kind = Kind::missing;
-  std::int16_t landmark = -1;
-  std::array<std::uint32_t, 4> arguments{};
+  std::array<PointReference, 4> arguments{};
   double number = 0.0;
   std::string_view name;
 };
@@ -75,18 +89,17 @@ struct Instruction {
   Operation operation = Operation::nothing;
   std::int8_t precision = -1;    ///< angle3 and angle4: the digit; -1: full precision
   std::uint8_t point_count = 0;  ///< points that the term needs
-  bool on_landmarks = false;     ///< they are landmarks all: `landmarks` tells which
+  bool on_landmarks = false;     ///< they are landmarks all
   std::int16_t model_number = -1;
   std::uint32_t position = 0;  ///< bytes from the start of the formula
   union {
-    std::array<std::uint32_t, 4> points{};  ///< measurement terms: indices into Program::points
+    std::array<PointReference, 4> points{};  ///< measurement terms
     struct {
       std::uint32_t first;
       std::uint32_t count;
     } choices;           ///< choose: operands [first, first + count)
     std::uint32_t item;  ///< references: index of the item, no_item when the file has none
   };
-  std::array<std::uint8_t, 4> landmarks;
   Operand left;
   Operand right;
   std::string_view item_text;

@@ -114,14 +114,15 @@ Operand FormulaCompiler::reduce(std::string &expression, int depth) {
 void FormulaCompiler::reduce_operators(std::string &expression, int pass, int depth) {
   std::size_t at = 0;
   while (!full() && (at = find_operator(expression, pass, at)) != npos) {
-    Instruction instruction;
-    instruction.operation = operator_at(expression, at);
+    const Operation operation = operator_at(expression, at);
     const Side left = left_operand(expression, at, depth);
     const Side right = right_operand(expression, at + operator_length(expression, at), depth);
     if (full()) return;  // the groups of the operands used up the table
-    instruction.left = read(left.operand);
-    instruction.right = read(right.operand);
-    append(instruction);
+    const Operand left_value = read(left.operand);
+    const Operand right_value = read(right.operand);
+    Instruction &instruction = append(operation);
+    instruction.left = left_value;
+    instruction.right = right_value;
     // Commas survive, so that the arguments of a choice stay apart.
     std::string replacement(variable_bytes, ' ');
     write_variable(used(), replacement.data());
@@ -135,15 +136,20 @@ void FormulaCompiler::reduce_operators(std::string &expression, int pass, int de
 
 FormulaCompiler::Side FormulaCompiler::left_operand(const std::string &expression, std::size_t at,
                                                     int depth) {
-  std::string written;
   std::size_t begin = at;
   std::size_t walk = at;
   for (; walk > 0; --walk) {
     const char c = expression[walk - 1];
     if (c == ' ') continue;
     if (!framework::is_digit(c) && c != '.') break;
-    written.insert(written.begin(), c);
     begin = walk - 1;
+  }
+  std::string without_blanks;
+  std::string_view written = std::string_view(expression).substr(begin, at - begin);
+  if (written.find(' ') != npos) {
+    without_blanks = written;
+    std::erase(without_blanks, ' ');
+    written = without_blanks;
   }
   const char stop = walk > 0 ? expression[walk - 1] : '\0';
   if (stop == 'd') return {variable(variable_index(written)), walk - 1};
@@ -186,19 +192,16 @@ Operand FormulaCompiler::group_operand(std::string group, int depth) {
 void FormulaCompiler::reduce_choice(const std::string &expression) {
   const std::size_t word = find_word(expression, "switch");
   if (word == npos || full()) return;
-  Instruction instruction;
-  instruction.operation = Operation::choose;
-  instruction.choices = {static_cast<std::uint32_t>(program_.operands.size()), 0};
+  const auto first = static_cast<std::uint32_t>(program_.operands.size());
   std::string_view arguments = choice_arguments(expression, word);
   bool more = arguments.find_first_not_of(' ') != npos;
   while (more) {
     const std::size_t comma = arguments.find(',');
     program_.operands.push_back(read(choice_argument(arguments.substr(0, comma))));
-    ++instruction.choices.count;
     more = comma != npos;
     if (more) arguments.remove_prefix(comma + 1);
   }
-  append(instruction);
+  append(Operation::choose).choices = {first, static_cast<std::uint32_t>(program_.operands.size()) - first};
 }
 
 }  // namespace analysis

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <utility>
 
 #include "tool/analysis/formula_variables.h"
@@ -117,6 +118,12 @@ void append_without_blank_runs(std::string_view text, std::string &expression) {
 }  // namespace
 
 Formula FormulaCompiler::compile(std::string_view text, Extent extent, std::size_t base) {
+  Formula formula;
+  compile(text, formula, extent, base);
+  return formula;
+}
+
+void FormulaCompiler::compile(std::string_view text, Formula &formula, Extent extent, std::size_t base) {
   start(text, base);
   const bool group = extent == Extent::group && !text.empty() && text.front() == '(';
   const std::size_t end = std::min(group ? text.find_first_of(");") : text.find(';'), text.size());
@@ -133,14 +140,16 @@ Formula FormulaCompiler::compile(std::string_view text, Extent extent, std::size
     lone = reduce(expression_, 0);
   }
   evaluated_end_ = end + 1;
-  return finish(group, lone);
+  finish(group, lone, formula);
 }
 
 Formula FormulaCompiler::compile_term(Term term, std::string_view text) {
   start(text, 0);
   find_tokens(work_, tokens_);
   append_term(term, 0);
-  return finish(false, {});
+  Formula formula;
+  finish(false, {}, formula);
+  return formula;
 }
 
 void FormulaCompiler::start(std::string_view text, std::size_t base) {
@@ -148,16 +157,16 @@ void FormulaCompiler::start(std::string_view text, std::size_t base) {
   work_.assign(text);
   base_ = std::min(base, max_values);
   first_ = program_.instructions.size();
+  used_ = base_;
   malformed_at_ = -1;
   reads_ahead_ = false;
   next_token_ = 0;
   evaluated_end_ = 0;
 }
 
-Formula FormulaCompiler::finish(bool group, Operand lone) const {
-  Formula formula;
+void FormulaCompiler::finish(bool group, Operand lone, Formula &formula) const {
   formula.first = static_cast<std::uint32_t>(first_);
-  formula.count = static_cast<std::uint32_t>(program_.instructions.size() - first_);
+  formula.count = static_cast<std::uint32_t>(used_ - base_);
   formula.base = static_cast<std::uint32_t>(base_);
   formula.malformed_at = malformed_at_;
   formula.reads_ahead = reads_ahead_;
@@ -167,12 +176,11 @@ Formula FormulaCompiler::finish(bool group, Operand lone) const {
     formula.result = group ? lone : Operand{};
     if (diagnose_ && !group && malformed_at_ < 0) formula.malformed_at = 0;
   }
-  return formula;
 }
 
 void FormulaCompiler::blank(std::size_t begin, std::size_t end) {
   const std::size_t stop = std::min(end, work_.size());
-  for (std::size_t at = begin; at < stop; ++at) work_[at] = ' ';
+  if (begin < stop) std::memset(work_.data() + begin, ' ', stop - begin);
 }
 
 // Terms
@@ -230,7 +238,7 @@ void FormulaCompiler::build_expression(std::size_t end) {
 /// Appends the term's instruction; the result is the end of the text that it took.
 std::size_t FormulaCompiler::append_term(Term term, std::size_t after_keyword) {
   std::size_t end = after_keyword;
-  Instruction &instruction = program_.instructions.emplace_back();
+  Instruction &instruction = append(Operation::nothing);
   instruction.position =
       static_cast<std::uint32_t>(after_keyword - std::min(after_keyword, keyword(term).size()));
   switch (term) {
@@ -293,10 +301,8 @@ std::size_t FormulaCompiler::append_measurement(Term term, std::size_t after_key
       fault(instruction.position);
       break;
     }
-    instruction.points[k] = point->node;
-    const PointNode &node = program_.points[point->node];
-    instruction.on_landmarks &= node.kind == PointNode::Kind::landmark;
-    instruction.landmarks[k] = static_cast<std::uint8_t>(node.landmark);
+    instruction.points[k] = point->point;
+    instruction.on_landmarks &= point->point.is_landmark();
     at = point->end;
   }
   return consume_tokens(after_keyword, closing_parenthesis(at) + 1);
@@ -347,15 +353,14 @@ std::optional<FormulaCompiler::Point> FormulaCompiler::point_at_or_after(std::si
 }
 
 FormulaCompiler::Point FormulaCompiler::named_point(const Token &token) {
+  const std::size_t length = token.close - token.behind;
+  const std::size_t end = token.close + std::size_t{1};
+  const int landmark = landmark_at(record_kind(mode_), source_, token.behind, length);
+  if (landmark != no_landmark) return {PointReference::to_landmark(landmark), end};
   PointNode &node = program_.points.emplace_back();
   node.kind = PointNode::Kind::named;
-  node.name = source_.substr(token.behind, token.close - token.behind);
-  const std::size_t length = token.close - token.behind;
-  if (const auto landmark = find_landmark(record_kind(mode_), source_, token.behind, length)) {
-    node.kind = PointNode::Kind::landmark;
-    node.landmark = static_cast<std::int16_t>(*landmark);
-  }
-  return {last_point(), token.close + std::size_t{1}};
+  node.name = source_.substr(token.behind, length);
+  return {last_point(), end};
 }
 
 FormulaCompiler::Point FormulaCompiler::construction(const Token &token, int depth) {
@@ -366,7 +371,7 @@ FormulaCompiler::Point FormulaCompiler::construction(const Token &token, int dep
   for (int k = 0; k < argument_count(token.form); ++k) {
     const std::optional<Point> argument = depth < max_depth ? point_at_or_after(at, depth + 1) : std::nullopt;
     if (argument) {
-      node.arguments[static_cast<std::size_t>(k)] = argument->node;
+      node.arguments[static_cast<std::size_t>(k)] = argument->point;
       at = argument->end;
     } else {
       node.arguments[static_cast<std::size_t>(k)] = (program_.points.emplace_back(), last_point());

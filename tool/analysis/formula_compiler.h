@@ -19,7 +19,13 @@ class FormulaCompiler {
  public:
   /// `items` resolves item references and may be null; `diagnose` also looks for faults in the text.
   FormulaCompiler(Program &program, Mode mode, const NameIndex *items, bool diagnose)
-      : program_(program), mode_(mode), items_(items), diagnose_(diagnose) {}
+      : program_(program), mode_(mode), items_(items), diagnose_(diagnose) {
+    constexpr std::size_t usual_length = 120;
+    work_.reserve(usual_length);
+    expression_.reserve(usual_length);
+    tokens_.reserve(usual_length / 4);
+    terms_.reserve(usual_length / 10);
+  }
 
   enum class Extent {
     whole,  ///< up to the first ';'
@@ -28,6 +34,8 @@ class FormulaCompiler {
 
   /// Compiles `text`, which must outlive the program. `base` is the number of table entries already in use.
   Formula compile(std::string_view text, Extent extent = Extent::whole, std::size_t base = 0);
+  /// The same written where it stays.
+  void compile(std::string_view text, Formula &formula, Extent extent = Extent::whole, std::size_t base = 0);
 
   /// A single term whose keyword has been read: `text` starts right behind it.
   Formula compile_term(Term term, std::string_view text);
@@ -42,7 +50,7 @@ class FormulaCompiler {
   bool may_choose() const { return evaluated_end_ <= work_.size() || !is_single_term_; }
 
   struct Point {
-    std::uint32_t node;
+    PointReference point;
     std::size_t end;  ///< position behind the expression
   };
   /// The first point expression of the text.
@@ -50,7 +58,7 @@ class FormulaCompiler {
 
  private:
   void start(std::string_view text, std::size_t base);
-  Formula finish(bool group, Operand lone) const;
+  void finish(bool group, Operand lone, Formula &formula) const;
   void substitute_terms(std::size_t end);
   void substitute(Token &term);
   static bool covers(const Token &term, std::size_t end);
@@ -65,7 +73,7 @@ class FormulaCompiler {
   Point named_point(const Token &token);
   std::size_t closing_parenthesis(std::size_t from) const;
   std::size_t consume_tokens(std::size_t begin, std::size_t end);
-  std::uint32_t last_point() const { return static_cast<std::uint32_t>(program_.points.size() - 1); }
+  PointReference last_point() const { return PointReference::to_node(program_.points.size() - 1); }
 
   Operand reduce(std::string &expression, int depth);
   void reduce_operators(std::string &expression, int pass, int depth);
@@ -78,9 +86,15 @@ class FormulaCompiler {
   Side right_operand(const std::string &expression, std::size_t at, int depth);
   Operand group_operand(std::string group, int depth);
 
-  std::size_t used() const { return base_ + program_.instructions.size() - first_; }
+  std::size_t used() const { return used_; }
   bool full() const { return used() >= max_values; }
-  void append(const Instruction &instruction) { program_.instructions.push_back(instruction); }
+  /// The next instruction, to be filled in: whole ones are never copied.
+  Instruction &append(Operation operation) {
+    Instruction &instruction = program_.instructions.emplace_back();
+    instruction.operation = operation;
+    ++used_;
+    return instruction;
+  }
   /// Notes whether an operand is an entry that the formula itself has not written yet.
   Operand read(Operand operand) {
     if (operand.variable >= static_cast<int>(used())) reads_ahead_ = true;
@@ -104,6 +118,7 @@ class FormulaCompiler {
   std::size_t next_token_ = 0;        ///< where the search for points goes on
   std::size_t base_ = 0;
   std::size_t first_ = 0;
+  std::size_t used_ = 0;  ///< table entries, those before the formula included
   std::int32_t malformed_at_ = -1;
   bool reads_ahead_ = false;
   bool is_single_term_ = false;

@@ -8,10 +8,6 @@ namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
 
-/// Indexed by Term.
-constexpr std::string_view term_keywords[] = {"Model",  "lenR",   "lenD", "len", "angle1", "angle3",
-                                              "angle2", "angle4", "case", "sdu", "mean",   "sdv"};
-
 struct Construction {
   std::string_view keyword;
   PointForm form;
@@ -81,75 +77,68 @@ class Scanner {
   Scanner(std::string_view text, std::vector<Token> &tokens) : text_(text), tokens_(tokens) {}
 
   void run() {
-    while (at_ < text_.size()) {
-      const char c = text_[at_];
+    std::size_t at = 0;
+    while (at < text_.size()) {
+      const char c = text_[at];
       if (!first_characters[static_cast<unsigned char>(c)]) {
-        ++at_;
+        ++at;
       } else if (c == '[') {
-        take_name();
+        at = behind_name(at);
       } else if (c == '"') {
-        take_quote();
-      } else if (!take_term() && !take_construction()) {
-        at_ = framework::next_character(text_, at_);
+        at = behind_quote(at);
+      } else {
+        at = behind_word(at);
       }
     }
   }
 
  private:
-  void take_name() {
-    const std::size_t close = find_character(text_, ']', at_ + 1);
-    if (close == npos) {
-      ++at_;
-      return;
-    }
-    add(Token::Kind::point, {}, PointForm::name, at_ + 1, close);
-    at_ = close + 1;
+  // Each takes what begins at `at` and tells where to go on.
+
+  std::size_t behind_name(std::size_t at) {
+    const std::size_t close = find_character(text_, ']', at + 1);
+    if (close == npos) return at + 1;
+    add(Token::Kind::point, {}, PointForm::name, at, at + 1, close);
+    return close + 1;
   }
 
   /// Points are found in quotes too; only terms are not.
-  void take_quote() {
-    if (at_ >= quoted_until_) {
-      const std::size_t close = text_.find('"', at_ + 1);
+  std::size_t behind_quote(std::size_t at) {
+    if (at >= quoted_until_) {
+      const std::size_t close = text_.find('"', at + 1);
       if (close != npos) quoted_until_ = close + 1;
     }
-    ++at_;
+    return at + 1;
   }
 
-  bool take_term() {
-    if (at_ < quoted_until_) return false;
-    const std::optional<Term> term = term_at(text_, at_);
-    if (!term) return false;
-    const std::size_t behind = at_ + keyword(*term).size();
-    add(Token::Kind::term, *term, {}, behind, 0);
-    at_ = behind;
-    return true;
+  std::size_t behind_word(std::size_t at) {
+    if (at >= quoted_until_) {
+      if (const std::optional<Term> term = term_at(text_, at)) {
+        const std::size_t behind = at + keyword(*term).size();
+        add(Token::Kind::term, *term, {}, at, behind, 0);
+        return behind;
+      }
+    }
+    const Construction *construction = construction_with(text_[at]);
+    if (!construction || !stands_at(text_, at, construction->keyword))
+      return framework::next_character(text_, at);
+    const std::size_t behind = at + construction->keyword.size();
+    add(Token::Kind::point, {}, construction->form, at, behind, 0);
+    return behind;
   }
 
-  bool take_construction() {
-    const Construction *construction = construction_with(text_[at_]);
-    if (!construction || !stands_at(text_, at_, construction->keyword)) return false;
-    const std::size_t behind = at_ + construction->keyword.size();
-    add(Token::Kind::point, {}, construction->form, behind, 0);
-    at_ = behind;
-    return true;
-  }
-
-  void add(Token::Kind kind, Term term, PointForm form, std::size_t behind, std::size_t close) {
-    tokens_.push_back({kind, term, form, static_cast<std::uint32_t>(at_), static_cast<std::uint32_t>(behind),
-                       static_cast<std::uint32_t>(close), 0});
+  void add(Token::Kind kind, Term term, PointForm form, std::size_t begin, std::size_t behind,
+           std::size_t close) {
+    tokens_.push_back({kind, term, form, 0, static_cast<std::uint32_t>(begin),
+                       static_cast<std::uint32_t>(behind), static_cast<std::uint32_t>(close)});
   }
 
   std::string_view text_;
   std::vector<Token> &tokens_;
-  std::size_t at_ = 0;
   std::size_t quoted_until_ = 0;
 };
 
 }  // namespace
-
-std::string_view keyword(Term term) {
-  return term_keywords[static_cast<std::size_t>(term)];
-}
 
 void find_tokens(std::string_view text, std::vector<Token> &tokens) {
   tokens.clear();

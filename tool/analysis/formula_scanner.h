@@ -27,7 +27,13 @@ enum class Term : std::uint8_t {
   item_sd,
 };
 
-std::string_view keyword(Term term);
+/// Indexed by Term.
+inline constexpr std::string_view term_keywords[] = {"Model",  "lenR",   "lenD", "len", "angle1", "angle3",
+                                                     "angle2", "angle4", "case", "sdu", "mean",   "sdv"};
+
+constexpr std::string_view keyword(Term term) {
+  return term_keywords[static_cast<std::size_t>(term)];
+}
 
 /// The forms of point expressions, in the order in which they are tried at a position.
 enum class PointForm : std::uint8_t { midpoint, foot, crossing, bisector, extension, effective_a, name };
@@ -43,10 +49,10 @@ struct Token {
   Kind kind;
   Term term;
   PointForm form;
+  std::uint8_t entry;
   std::uint32_t begin;
   std::uint32_t behind;  ///< position behind the keyword with its '(', or behind the '[' of a name
   std::uint32_t close;   ///< position of the ']' of a name
-  std::uint8_t entry = 0;
 };
 
 /// Finds every token, from left to right. What is written in double quotes and square brackets is a name:

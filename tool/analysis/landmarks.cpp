@@ -52,35 +52,38 @@ std::uint64_t packed(std::string_view text, std::size_t begin, std::size_t lengt
   return letters & ((std::uint64_t{1} << (8 * length)) - 1);
 }
 
-/// A hash table over the packed names of a vocabulary.
+/// A hash table over the packed names of a vocabulary. The multiplier was searched for: it gives every name
+/// of either vocabulary a slot of its own, so that one comparison decides; with another one this does not
+/// compile.
 class LandmarkIndex {
  public:
   constexpr explicit LandmarkIndex(std::span<const std::string_view> names) {
-    for (std::size_t k = 0; k < names.size(); ++k)
-      slots_[place(packed(names[k]))] = {packed(names[k]), static_cast<int>(k)};
+    for (std::size_t k = 0; k < names.size(); ++k) {
+      Slot &slot = slots_[place(packed(names[k]))];
+      if (slot.letters != 0) throw "two names share a slot: search for another multiplier";
+      slot.letters = packed(names[k]);
+      slot.landmark = static_cast<int>(k);
+    }
   }
 
-  std::optional<int> find(std::string_view text, std::size_t begin, std::size_t length) const {
-    if (length == 0 || length > longest_name) return std::nullopt;
-    const Slot &slot = slots_[place(packed(text, begin, length))];
-    if (slot.letters == 0) return std::nullopt;
-    return slot.landmark;
+  int find(std::string_view text, std::size_t begin, std::size_t length) const {
+    if (length == 0 || length > longest_name) return no_landmark;
+    const std::uint64_t letters = packed(text, begin, length);
+    const Slot &slot = slots_[place(letters)];
+    return letters != 0 && slot.letters == letters ? slot.landmark : no_landmark;
   }
 
  private:
-  static constexpr std::size_t size = 256;
   struct Slot {
     std::uint64_t letters = 0;  ///< 0: free
     int landmark = 0;
   };
 
-  constexpr std::size_t place(std::uint64_t letters) const {
-    auto at = static_cast<std::size_t>(letters * 0x9E3779B97F4A7C15u >> 56);
-    while (slots_[at].letters != 0 && slots_[at].letters != letters) at = (at + 1) % size;
-    return at;
+  static constexpr std::size_t place(std::uint64_t letters) {
+    return static_cast<std::size_t>(letters * 0x6FA53DE38FB3C6B5u >> 56);
   }
 
-  std::array<Slot, size> slots_{};
+  std::array<Slot, 256> slots_{};
 };
 
 constexpr LandmarkIndex lateral_index(lateral_landmarks);
@@ -88,21 +91,22 @@ constexpr LandmarkIndex frontal_index(frontal_landmarks);
 
 }  // namespace
 
-std::optional<int> find_landmark(RecordKind kind, std::string_view text, std::size_t begin,
-                                 std::size_t length) {
+int landmark_at(RecordKind kind, std::string_view text, std::size_t begin, std::size_t length) {
   switch (kind) {
     case RecordKind::lateral:
       return lateral_index.find(text, begin, length);
     case RecordKind::frontal:
       return frontal_index.find(text, begin, length);
     case RecordKind::model:
-      return std::nullopt;
+      return no_landmark;
   }
-  return std::nullopt;
+  return no_landmark;
 }
 
 std::optional<int> find_landmark(RecordKind kind, std::string_view name) {
-  return find_landmark(kind, name, 0, name.size());
+  const int landmark = landmark_at(kind, name, 0, name.size());
+  if (landmark == no_landmark) return std::nullopt;
+  return landmark;
 }
 
 }  // namespace analysis

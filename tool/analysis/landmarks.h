@@ -23,9 +23,10 @@ std::span<const std::string_view> vocabulary(RecordKind kind);
 /// Index of the landmark with exactly this name, case-sensitive.
 std::optional<int> find_landmark(RecordKind kind, std::string_view name);
 
-/// The same for the name at [begin, begin + length) of a longer text, which is the faster question.
-std::optional<int> find_landmark(RecordKind kind, std::string_view text, std::size_t begin,
-                                 std::size_t length);
+inline constexpr int no_landmark = -1;
+/// The same for the name at [begin, begin + length) of a longer text, which is the faster question;
+/// no_landmark when there is none.
+int landmark_at(RecordKind kind, std::string_view text, std::size_t begin, std::size_t length);
 
 /// Index of a lateral landmark in the table, for code that works on single landmarks.
 namespace lateral {

@@ -23,8 +23,10 @@ class NameIndex {
   /// The number that the name has from now on: the one it had, else this one. At most `expected` names fit.
   std::uint32_t insert(std::string_view name, std::uint32_t number) {
     Slot &slot = slots_[locate(name)];
-    if (slot.number == empty) slot = {name, number};
-    return slot.number;
+    if (slot.number != empty) return slot.number;
+    slot.name = name;
+    slot.number = number;
+    return number;
   }
 
   std::optional<std::uint32_t> find(std::string_view name) const {
@@ -43,11 +45,18 @@ class NameIndex {
   static std::size_t hash(std::string_view name) {
     std::uint64_t head = 0;
     std::uint64_t tail = 0;
-    if (name.size() >= sizeof head) {
-      std::memcpy(&head, name.data(), sizeof head);
-      std::memcpy(&tail, name.data() + name.size() - sizeof tail, sizeof tail);
-    } else {
-      for (const char c : name) head = head << 8 | static_cast<unsigned char>(c);
+    const auto take_ends = [&](std::size_t bytes) {
+      std::memcpy(&head, name.data(), bytes);
+      std::memcpy(&tail, name.data() + name.size() - bytes, bytes);
+    };
+    if (name.size() >= 8) {
+      take_ends(8);
+    } else if (name.size() >= 4) {
+      take_ends(4);
+    } else if (name.size() >= 2) {
+      take_ends(2);
+    } else if (!name.empty()) {
+      take_ends(1);
     }
     const std::uint64_t mixed = (head ^ (tail * 0x9E3779B97F4A7C15u) ^ name.size()) * 0xD6E8FEB86659FD93u;
     return static_cast<std::size_t>(mixed ^ (mixed >> 32));

@@ -67,11 +67,9 @@ void write_norm_number(std::string_view number, int kind, double magnification, 
   if (written_point != std::string::npos) text.resize(std::min(text.size(), written_point + 1 + decimals));
 }
 
-void write_plain_norm(std::string_view number, int kind, double magnification, std::string &text) {
-  const bool is_written_as_it_is =
-      kind != 0 || (magnification == norm_magnification && number.find('.') < number.size() - 1);
-  if (!is_written_as_it_is) return write_norm_number(number, kind, magnification, text);
-  text = number;
+bool is_written_as_it_is(std::string_view plain_number, int kind, double magnification) {
+  if (kind != 0) return true;
+  return magnification == norm_magnification && plain_number.find('.') < plain_number.size() - 1;
 }
 
 NormFormula split_norm_formula(std::string_view field) {

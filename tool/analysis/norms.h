@@ -30,8 +30,8 @@ std::string_view norm_column(const NormLine &line, int age_code);
 /// Writes a norm number. A length (kind 0), which stands for magnification 1.1 in the file, is scaled and
 /// then cut (not rounded) to the decimals that are written, at least one.
 void write_norm_number(std::string_view number, int kind, double magnification, std::string &text);
-/// The same for a plainly printed number, which at the norms' own magnification comes out as it is.
-void write_plain_norm(std::string_view number, int kind, double magnification, std::string &text);
+/// Whether a plainly printed number comes out as it is: no length, or one at the norms' own magnification.
+bool is_written_as_it_is(std::string_view plain_number, int kind, double magnification);
 
 /// A norm field that is not a number: a formula, one separator, one digit for the decimals of the result.
 struct NormFormula {

@@ -44,7 +44,7 @@ class RowBuilder {
  public:
   RowBuilder(const Analysis &analysis, const Tracing &tracing, const Patient &patient, int precision,
              Explain explain)
-      : analysis_(analysis),
+      : items_(analysis.items()),
         tracing_(tracing),
         patient_(patient),
         precision_(precision),
@@ -55,7 +55,7 @@ class RowBuilder {
   /// The row of an item, valid until the next one is built; null for a cast prediction that cannot be formed:
   /// it gets no row.
   TableRow *row(std::size_t index) {
-    const Item &item = analysis_.items()[index];
+    const Item &item = items_[index];
     clear();
     row_.item = item.text;
     row_.heading = item.heading;
@@ -100,7 +100,7 @@ class RowBuilder {
 
   /// A tooth of the cast: its two sides, each shown unless it is 0.
   void fill_tooth_row(std::size_t index, TableRow &row) {
-    const Item &item = analysis_.items()[index];
+    const Item &item = items_[index];
     const std::optional<int> tooth = tooth_of(item.formula);
     const tagPOINTMO *cast = tracing_.model();
     if (!tooth || !cast) return;
@@ -128,7 +128,7 @@ class RowBuilder {
     row.sd_number = number(row.sd);
   }
 
-  const Analysis &analysis_;
+  std::span<const Item> items_;
   const Tracing &tracing_;
   const Patient &patient_;
   int precision_;
@@ -151,8 +151,9 @@ std::vector<TableRow> result_table(const Analysis &analysis, const Tracing &trac
 void visit_result_rows(const Analysis &analysis, const Tracing &tracing, const Patient &patient,
                        int precision, Explain explain, const std::function<void(TableRow &)> &visit) {
   RowBuilder builder(analysis, tracing, patient, precision, explain);
-  for (std::size_t i = 0; i < analysis.items().size(); ++i) {
-    if (!analysis.items()[i].listed) continue;
+  const std::span<const Item> items = analysis.items();
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (!items[i].listed) continue;
     if (TableRow *row = builder.row(i)) visit(*row);
   }
 }

@@ -79,7 +79,7 @@ CPointD CCephCalc::Calc_Point(int mode, char *text, void *record, unsigned short
   }
   const Tracing tracing(Mode{mode}, record, kCount, kPoints, uCount, uPoints);
   const CPointD position = analysis::Evaluator(tracing, {}, nullptr, analysis::Evaluator::Reasons::ignore)
-                               .point(program, point->node);
+                               .point(program, point->point);
   std::memset(text, ' ', point->end);
   return position;
 }

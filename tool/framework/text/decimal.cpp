@@ -92,16 +92,14 @@ std::size_t fixed_by_integer(double value, int decimals, std::array<char, 24> &b
   std::uint64_t digits = whole + (rest > 0.5 ? 1U : 0U);
   std::size_t length = 0;
   auto put = [&](char c) { buffer[buffer.size() - ++length] = c; };
-  for (int i = 0; i < decimals || i == 0 || digits != 0; ++i) {
-    if (i == decimals && i != 0) put('.');
+  const auto put_digit = [&] {
     put(static_cast<char>('0' + digits % 10));
     digits /= 10;
-    if (i + 1 == decimals && digits == 0) {  // all digits so far are decimals: the zero before the point
-      put('.');
-      put('0');
-      break;
-    }
-  }
+  };
+  for (int i = 0; i < decimals; ++i) put_digit();
+  if (decimals > 0) put('.');
+  do put_digit();
+  while (digits != 0);
   if (std::signbit(value)) put('-');
   return length;
 }
