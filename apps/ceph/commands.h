@@ -17,5 +17,7 @@ void add_diagnose_command(CLI::App &program, int &exit_code);
 void add_model_command(CLI::App &program, int &exit_code);
 void add_check_command(CLI::App &program, int &exit_code);
 void add_batch_command(CLI::App &program, int &exit_code);
+void add_draw_command(CLI::App &program, int &exit_code);
+void add_report_command(CLI::App &program, int &exit_code);
 
 }  // namespace app

@@ -6,13 +6,15 @@
 #include "apps/ceph/commands.h"
 #include "apps/ceph/exit_code.h"
 #include "apps/common/tracing_file.h"
+#include "apps/drawing/document.h"
 
 namespace app {
 namespace {
 
 constexpr AddCommand commands[] = {
-    add_analyses_command, add_table_command,    add_item_command,  add_eval_command,  add_catalogue_command,
-    add_surgery_command,  add_diagnose_command, add_model_command, add_check_command, add_batch_command,
+    add_analyses_command,  add_table_command,   add_item_command,     add_eval_command,
+    add_catalogue_command, add_surgery_command, add_diagnose_command, add_model_command,
+    add_check_command,     add_batch_command,   add_draw_command,     add_report_command,
 };
 
 int complain(ExitCode code, std::string_view message) {
@@ -31,6 +33,8 @@ int parse_and_run(CLI::App &program, int argc, const char *const *argv, const in
     return complain(ExitCode::usage, std::string(error.what()) + "; see ceph --help");
   } catch (const CommandError &error) {
     return complain(error.code(), error.what());
+  } catch (const OutputError &error) {
+    return complain(ExitCode::bad_output, error.what());
   } catch (const InputError &error) {
     return complain(ExitCode::bad_input, error.what());
   }
