@@ -49,7 +49,8 @@ struct Drawing {
           std::string(font.lfFaceName) == "\x82\x6C\x82\x72\x20\x83\x53\x83\x56\x83\x62\x83\x4E";
       text << " '" << call.text << "' " << (gothic ? "gothic" : font.lfFaceName) << ' ' << font.lfHeight
            << ' ' << font.lfWeight << " q" << int{font.lfQuality} << (font.lfItalic ? " italic" : "")
-           << (font.lfStrikeOut ? " struck" : "") << (font.lfUnderline ? " underlined" : "");
+           << (font.lfStrikeOut ? " struck" : "") << (font.lfUnderline ? " underlined" : "")
+           << (call.clip ? " clipped" : "");
       EXPECT_EQ(font.lfCharSet, 128);
       EXPECT_EQ(call.color, red);
       return text.str();
@@ -139,11 +140,11 @@ const Row calls[] = {
     {DRAWING_CALL(P_Text(dc, 10, 20, 1.5, 2, 1, 2, "A", 15, 301, 9, 1, red)),
      "text 16,-44 'A' Times New Roman 22 451 q3 italic"},
     {DRAWING_CALL(Rect_Text(dc, {10, 20, 90, 80}, 1.5, {1, 2}, "A", 15, red, 0, 400, 0)),
-     "text 17,28 'A' gothic 22 400 q2"},
+     "text 17,28 'A' gothic 22 400 q2 clipped"},
     {DRAWING_CALL(Rect_Text(dc, {10, 20, 90, 80}, 1.5, {1, 2}, "A", 15, red, DT_NOCLIP, 400, 1)),
      "text 17,-28 'A' gothic 22 400 q2"},
     {DRAWING_CALL(Rect_Text(dc, {10, 20, 90, 80}, 1.5, {1, 2}, "A&B", small_font, red, 0)),
-     "text 14,28 'A&B' Times New Roman 18 400 q2"},
+     "text 14,28 'A&B' Times New Roman 18 400 q2 clipped"},
     {DRAWING_CALL(Rect_Text_LF(dc, {-10, -20, 0, 0}, 1.5, {1, 2}, "A", small_font, red, 0)),
      "text -1,-2 'A' Times New Roman 18 400 q2"},
 };
@@ -241,8 +242,8 @@ TEST(CToolsDrawing, measuresAndKeepsFonts) {
   dc->SelectObject(&selected);
   CTools::TextMake(dc, 0, 0, "A", 0, 700, 1, 0, red, 1, 0, 0, 0);
   EXPECT_EQ(CTools::Rect_Text(dc, {0, 0, 90, 30}, 2, org, "ABC", 10, red, DT_RIGHT, 400, 0), 30);
-  EXPECT_THAT(drawing.calls(),
-              ElementsAre("text 0,0 'A' Times New Roman 12 400 q2", "text 150,0 'ABC' gothic 20 400 q2"));
+  EXPECT_THAT(drawing.calls(), ElementsAre("text 0,0 'A' Times New Roman 12 400 q2",
+                                           "text 150,0 'ABC' gothic 20 400 q2 clipped"));
 }
 
 TEST(CToolsDrawing, leavesTheContextAsFound) {
