@@ -283,8 +283,9 @@ class CTools {
   /// A smooth curve through image points: spans of cubic curves with vertices at least `step` units apart, in
   /// style, width and flip as Draw_Line has them. One point is a cross, two are a line. The last pixel is not
   /// drawn.
-  static void Draw_SPLine(CDC *dc, CPoint org, double mag, const tagPOINT *points, short count, COLORREF color,
-                          unsigned style, unsigned char closed, int width, int flip, int step);
+  static void Draw_SPLine(CDC *dc, CPoint org, double mag, const tagPOINT *points, short count,
+                          COLORREF color, unsigned style, unsigned char closed, int width, int flip,
+                          int step);
   /// The same in an image bitmap, whose width sets the line width.
   static void Draw_SPLine_Image(CDC *dc, CPoint org, double mag, const tagPOINT *points, short count,
                                 COLORREF color, unsigned style, unsigned char closed, int width, int flip,
