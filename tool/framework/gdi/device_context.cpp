@@ -1,7 +1,5 @@
 #include "tool/framework/gdi/device_context.h"
 
-#include <algorithm>
-
 #include "tool/framework/gdi/CDC.h"
 #include "tool/framework/gdi/cell_metrics.h"
 #include "tool/framework/gdi/device_pen.h"
@@ -132,7 +130,7 @@ Paint DeviceContext::paint_with(COLORREF color) {
 
 std::span<const POINT> DeviceContext::map(std::span<const POINT> logical) {
   mapped_.resize(logical.size());
-  std::ranges::transform(logical, mapped_.begin(), [this](POINT p) { return state_.mapping.to_device(p); });
+  state_.mapping.to_device(logical, mapped_);
   return mapped_;
 }
 

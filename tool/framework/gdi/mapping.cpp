@@ -29,11 +29,16 @@ double units_per_mm(int mode) {
   }
 }
 
-std::int32_t device_coordinate(LONG logical, LONG window, LONG viewport, double scale) {
-  const double pixels = (static_cast<double>(logical) - window) * scale;
+std::int32_t moved_coordinate(LONG logical, LONG window, LONG viewport) {
+  const std::int64_t moved = std::int64_t{logical} - window + viewport;
+  return static_cast<std::int32_t>(
+      std::clamp<std::int64_t>(moved, -max_device_coordinate, max_device_coordinate));
+}
+
+std::int32_t scaled_coordinate(LONG logical, LONG window, LONG viewport, double scale) {
   // Rounded before the viewport origin is added: moving the origin moves the picture, never its rounding.
-  const double rounded = scale == 1 ? pixels : std::round(pixels);
-  return round_within(rounded + viewport, max_device_coordinate);
+  const double pixels = std::round((static_cast<double>(logical) - window) * scale);
+  return round_within(pixels + viewport, max_device_coordinate);
 }
 
 std::int32_t logical_coordinate(LONG device, LONG window, LONG viewport, double scale) {
@@ -108,8 +113,22 @@ void Mapping::scale_by_extents(const DeviceCapabilities &device) {
 }
 
 POINT Mapping::to_device(POINT logical) const {
-  return {device_coordinate(logical.x, window_origin.x, viewport_origin.x, scale_x_),
-          device_coordinate(logical.y, window_origin.y, viewport_origin.y, scale_y_)};
+  POINT device;
+  to_device({&logical, 1}, {&device, 1});
+  return device;
+}
+
+void Mapping::to_device(std::span<const POINT> logical, std::span<POINT> device) const {
+  const POINT from = window_origin, to = viewport_origin;
+  if (is_unscaled())
+    std::ranges::transform(logical, device.begin(), [&](POINT p) {
+      return POINT{moved_coordinate(p.x, from.x, to.x), moved_coordinate(p.y, from.y, to.y)};
+    });
+  else
+    std::ranges::transform(logical, device.begin(), [&](POINT p) {
+      return POINT{scaled_coordinate(p.x, from.x, to.x, scale_x_),
+                   scaled_coordinate(p.y, from.y, to.y, scale_y_)};
+    });
 }
 
 POINT Mapping::to_logical(POINT device) const {

@@ -2,6 +2,7 @@
 // From logical units to device pixels and back: the map mode with its origins and extents.
 
 #include <cstdint>
+#include <span>
 
 #include "tool/framework/gdi/constants.h"
 #include "tool/framework/types.h"
@@ -30,6 +31,8 @@ class Mapping {
   bool set_viewport_extent(SIZE extent, const DeviceCapabilities &device);
 
   POINT to_device(POINT logical) const;
+  /// Many points; `device` has the length of `logical`.
+  void to_device(std::span<const POINT> logical, std::span<POINT> device) const;
   POINT to_logical(POINT device) const;
   /// Both corners, sorted.
   RECT box_to_device(const RECT &logical) const;
