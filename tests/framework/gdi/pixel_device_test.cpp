@@ -101,6 +101,8 @@ TEST(PixelDevice, copiesOverlapAndStayInside) {
   EXPECT_EQ(rows_of(picture), (Rows{"#b.b", "##b."}));
   EXPECT_TRUE(dc.BitBlt(2, 0, 4, 2, &dc, 3, 1, SRCCOPY));  // source pixels outside leave the target alone
   EXPECT_EQ(rows_of(picture), (Rows{"#b.b", "##b."}));
+  EXPECT_EQ(dc.SetPixel(4, 0, red), CLR_INVALID);
+  EXPECT_EQ(dc.GetPixel(0x7FFFFFFF, -1), CLR_INVALID);
   CRgn clip;
   clip.CreateRectRgn(1, 0, 2, 5);
   dc.SelectObject(&clip);
@@ -230,18 +232,6 @@ TEST(PixelDevice, fillsRegionsInTheBrush) {
   dc.Draw3dRect(&box, black, blue);
   EXPECT_EQ(rows_of(picture), (Rows{"###b", "#..b", "bbbb"}));
   EXPECT_EQ(dc.GetBkColor(), blue);
-}
-
-TEST(PixelDevice, pixelsInsideAndOutside) {
-  Picture picture(2, 2);
-  PixelDevice device(picture.span());
-  CDC dc(device);
-  EXPECT_EQ(dc.SetPixel(1, 0, red), red);
-  EXPECT_EQ(dc.SetPixel(2, 0, red), CLR_INVALID);
-  EXPECT_EQ(dc.GetPixel(1, 0), red);
-  EXPECT_EQ(dc.GetPixel(-1, 0), CLR_INVALID);
-  EXPECT_EQ(dc.GetPixel(0x7FFFFFFF, 0), CLR_INVALID);
-  EXPECT_EQ(rows_of(picture), (Rows{".r", ".."}));
 }
 
 TEST(MemoryContext, drawsOnItsBitmap) {
