@@ -34,13 +34,13 @@ class CDC {
   // -------------------------------------------------------------------------------------------------------
   /// A memory context; nothing can be drawn before a bitmap is selected.
   BOOL CreateCompatibleDC(const CDC *like);
-  BOOL Attach(HDC context);
+  BOOL Attach(HDC handle);
   HDC Detach();
   BOOL DeleteDC();
   HDC GetSafeHdc() const { return m_hDC; }
   void SetAttribDC(HDC context) { m_hAttribDC = context; }
   void SetOutputDC(HDC context) { m_hDC = context; }
-  static CDC *FromHandle(HDC context);
+  static CDC *FromHandle(HDC handle);
   /// True on a printer (paper) device.
   BOOL IsPrinting() const;
   int GetDeviceCaps(int index) const;

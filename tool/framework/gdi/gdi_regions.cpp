@@ -36,6 +36,8 @@ BOOL CRgn::CreatePolygonRgn(const POINT *points, int count, int mode) {
                std::make_shared<Region>(Region::polygon({points, static_cast<std::size_t>(count)}, rule)));
 }
 
+// The region behind the handle changes.
+// NOLINTNEXTLINE(readability-make-member-function-const)
 int CRgn::CombineRgn(const CRgn *a, const CRgn *b, int operation) {
   const auto target = region_of(this), first = region_of(a), second = region_of(b);
   if (!target || !first || (!second && operation != RGN_COPY)) return ERROR_REGION;
@@ -44,6 +46,7 @@ int CRgn::CombineRgn(const CRgn *a, const CRgn *b, int operation) {
   return region_complexity(*target);
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const)
 int CRgn::OffsetRgn(int dx, int dy) {
   const auto region = region_of(this);
   if (!region) return ERROR_REGION;

@@ -1,6 +1,7 @@
 #include "tool/framework/gdi/pixel_transfer.h"
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <span>
 #include <vector>
@@ -65,7 +66,7 @@ std::uint32_t mean_pixel(PixelView source, const Axis &across, const Axis &down,
     });
   });
   if (total == 0) return no_pixel;
-  const auto channel = [total](double sum) { return static_cast<std::uint32_t>(sum / total + 0.5); };
+  const auto channel = [total](double sum) { return static_cast<std::uint32_t>(std::lround(sum / total)); };
   return 0xFF000000U | channel(red) << 16 | channel(green) << 8 | channel(blue);
 }
 
@@ -115,7 +116,7 @@ void combine(PixelSpan target, LONG left, LONG y, std::span<const std::uint32_t>
 
 bool overlap(PixelView a, PixelSpan b) {
   const auto end = [](auto area) { return area.row(area.height - 1) + area.width; };
-  const std::less<const std::uint32_t *> before;
+  const std::less<> before;
   return before(a.pixels, end(b)) && before(b.pixels, end(a));
 }
 

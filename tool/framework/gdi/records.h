@@ -6,13 +6,13 @@
 
 using HANDLE = void *;
 using HGDIOBJ = void *;
-using HDC = struct HDC__ *;
-using HPEN = struct HPEN__ *;
-using HBRUSH = struct HBRUSH__ *;
-using HFONT = struct HFONT__ *;
-using HBITMAP = struct HBITMAP__ *;
-using HRGN = struct HRGN__ *;
-using HGLOBAL = struct HGLOBAL__ *;
+using HDC = struct HDCTag *;
+using HPEN = struct HPENTag *;
+using HBRUSH = struct HBRUSHTag *;
+using HFONT = struct HFONTTag *;
+using HBITMAP = struct HBITMAPTag *;
+using HRGN = struct HRGNTag *;
+using HGLOBAL = struct HGLOBALTag *;
 
 inline constexpr int LF_FACESIZE = 32;
 
