@@ -86,7 +86,7 @@ struct Row {
 const Row calls[] = {
     {DRAWING_CALL(Draw_Line(dc, 1, 2, 3, 4, 5, red, 104, 0)), "polyline 1,2 3,4 w1 dashes 9-3"},
     {DRAWING_CALL(Draw_Line(dc, 1, 2, 3, 4, 5, red, 0, 2)), "polyline 1,-2 3,-4 w5"},
-    {DRAWING_CALL(Draw_Line2(dc, 1, 2, 3, 4, 5, red, 1)), "polyline 1,2 3,4 w5 dashes 15-5"},
+    {DRAWING_CALL(Draw_Line2(dc, 1, 2, 3, 4, 5, red, 1)), "polyline 1,2 3,4 w5 dashes 10-10"},  // caps add 5
     {DRAWING_CALL(Draw_Line_Image(dc, 1, 2, 3, 4, 5, red, 1, 1)), "polyline 1,-2 3,-4 w5"},
     {DRAWING_CALL(Line_MakeH(dc->m_hDC, 1, 2, 3, 4, 5, red, 0)), "polyline 1,2 3,4 w5"},
     {DRAWING_CALL(Line_Make2(dc, {3, -3}, {5, 7}, 0.5, {10, 20}, 1, red, 0, 0)), "polyline -9,-21 -8,-17 w1"},
@@ -120,7 +120,7 @@ const Row calls[] = {
 
     {DRAWING_CALL(Ellipse(dc, 1, 2, 13, 14, 2, red, 0xFF00, 0, 0)), "ellipse 1,2 13,14 w2 #ff00"},
     {DRAWING_CALL(Ellipse(dc, 1, 2, 13, 14, 2, red, 0xFF00, 0, 1)), "ellipse 1,-14 13,-2 w2 #ff00"},
-    {DRAWING_CALL(EllipseF(dc, 1, 2, 13, 14, 1.5, 2, red, 1)), "ellipse 1,3 19,21 w2 dashes 6-2"},
+    {DRAWING_CALL(EllipseF(dc, 1, 2, 13, 14, 1.5, 2, red, 1)), "ellipse 1,3 19,21 w2 dashes 4-4"},
     {DRAWING_CALL(Arc_MakeF(dc, 1, 2, 13, 14, 15, 7, 1, 9, 1.5, 1, red, 0)), "arc 1,3 19,21 22,10 1,13 w1"},
     {DRAWING_CALL(Draw_Circle(dc, 10, 20, 14, 24, 7, red, 102, 0)), "ellipse 5,15 15,25 w2"},  // radius 5.66
     {DRAWING_CALL(Draw_Circle(dc, 10, 20, 14, 24, 1, red, 0, 2)), "ellipse 5,-25 15,-15 w1"},
@@ -200,7 +200,7 @@ TEST(CToolsDrawing, outlines) {
   CTools::Line_Pile(dc, 0, 0, CPoint(100, 100), &b, outline, org, org, red, 1, org, 0, 0, 1, 0, 0, 1);
   CTools::Line_Pile_Image(dc, 1, 2, &a, &b, outline, org, org, red, 1, org, 0, 1, 3, 104, 0, 0, 1600, 0);
   CTools::Line_Pile(dc, 0, 0, &a, CPoint(3, 4), single, org, org, red, 1, org, 0, 1, 1, 0, 0, 0);
-  EXPECT_THAT(drawing.calls(), ElementsAre("polyline 100,100 110,110 100,120 w3 dashes 9-3",
+  EXPECT_THAT(drawing.calls(), ElementsAre("polyline 100,100 110,110 100,120 w3 dashes 6-6",
                                            "polyline 0,0 0,0 0,0 w1", "polyline 99,98 109,108 w1 dashes 18-6",
                                            "polyline 109,108 99,118 w1 dashes 18-6", "polyline 100,100 w1"));
 }

@@ -65,7 +65,7 @@ const struct {
     {outline_pen, screen, 1, 3, "system 1 w3"},           {outline_pen, screen, 104, 5, "standard 1 w1"},
     {outline_pen, tenths, 104, 5, "system 1 w5"},         {outline_pen, text23, 102, print20, "standard 0 w46"},
     {image_pen, screen, 1, 5, "standard 1 w5"},           {image_pen, screen, 101, 5, "standard 0 w1"},
-    {image_pen, screen, 102, 5, "standard 0 w5"},         {image_pen, screen, 102, print20, "standard 0 w2"},
+    {image_pen, screen, 102, 5, "standard 0 w5"},         {image_pen, screen, 102, 2, "standard 0 w2"},
     {image_pen, screen, 103, 5, "standard 2 w1"},         {image_pen, screen, 104, 5, "standard 1 w1"},
     {image_pen, screen, 105, 5, "standard 3 w1"},         {image_pen, screen, 106, 5, "standard 4 w1"},
     {image_pen, text23, 102, 5, "standard 0 w13"},        {image_pen, text3, 102, 5, "standard 0 w2"},

@@ -129,8 +129,7 @@ PenSpec system_style_pen(const LineStyle &line) {
 
 PenSpec image_pen(const LineStyle &line, const Medium &medium) {
   if (line.style != thick_solid) return standard_pen(line);
-  // The print width of the upper half would be a screen width of thousands of pixels.
-  int width = line.width > 0xFFFF ? line.width & 0xFFFF : line.width;
+  int width = line.width;
   if (medium.printer) {
     const int text_width = std::max(framework::to_int(medium.pixels_per_mm * 0.6), 2);
     width = medium.map_mode == MM_TEXT       ? text_width

@@ -64,10 +64,13 @@ TEST(Pen, geometricStyles) {
   const int square = PS_GEOMETRIC | PS_ENDCAP_SQUARE;
   for (const Row &row : {
            Row{square | PS_SOLID, 3, {}, "pen solid 3 #000000 square"},
-           Row{square | PS_DASH, 2, {}, "pen 6,2 2 #000000 square"},
-           Row{square | PS_DOT, 4, {}, "pen 4,4 4 #000000 square"},
-           Row{square | PS_DASHDOT, 5, {}, "pen 15,5,5,5 5 #000000 square"},
-           Row{square | PS_DASHDOTDOT, 2, {}, "pen 6,2,2,2,2,2 2 #000000 square"},
+           // 3 widths on, 1 off ... as seen: the caps make up for what the dashes lack
+           Row{square | PS_DASH, 1, {}, "pen 3,1 1 #000000"},
+           Row{square | PS_DASH, 2, {}, "pen 4,4 2 #000000 square"},
+           Row{square | PS_DOT, 4, {}, "pen 1,7 4 #000000 square"},
+           Row{square | PS_DASHDOT, 5, {}, "pen 10,10,1,9 5 #000000 square"},
+           Row{square | PS_DASHDOTDOT, 2, {}, "pen 4,4,1,3,1,3 2 #000000 square"},
+           Row{PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_DASH, 2, {}, "pen 6,2 2 #000000 flat"},
            Row{square | PS_USERSTYLE, 9, {9, 3}, "pen 9,3 9 #000000 square"},  // not multiplied by the width
            Row{square | PS_USERSTYLE, 1, {9, 3, 3, 3}, "pen 9,3,3,3 1 #000000"},
            Row{square | PS_USERSTYLE, 2, {5}, "pen 5,5 2 #000000 square"},

@@ -34,6 +34,18 @@ void use_pattern(DevicePen &pen, std::span<const Pattern> patterns, int style, i
     pen.dashes[i] = std::min<int>(found->lengths[i] * factor, max_device_coordinate);
 }
 
+/// A cap makes each dash longer by the width, which would close the gaps of the system's patterns: dashes
+/// give up that much, and gaps gain it, so that what is seen has the pattern's lengths.
+void make_room_for_caps(DevicePen &pen) {
+  for (int i = 0; i + 1 < pen.dash_count; i += 2) {
+    int &dash = pen.dashes[static_cast<std::size_t>(i)];
+    int &gap = pen.dashes[static_cast<std::size_t>(i) + 1];
+    const int shorter = std::max(dash - pen.width, 1);
+    gap += dash - shorter;
+    dash = shorter;
+  }
+}
+
 /// An odd pattern is gone through twice, so that dashes and gaps change places; without room for that its
 /// last entry is left out.
 void use_lengths(DevicePen &pen, const PenData &data, const Mapping &mapping) {
@@ -65,7 +77,8 @@ DevicePen geometric_pen(const PenData &data, const Mapping &mapping) {
   if (style == PS_USERSTYLE)
     use_lengths(pen, data, mapping);
   else
-    use_pattern(pen, geometric_patterns, style, std::min(pen.width, max_device_coordinate / 3));
+    use_pattern(pen, geometric_patterns, style, std::min(pen.width, max_device_coordinate / 4));
+  if (style != PS_USERSTYLE && pen.width > 1 && pen.cap != LineCap::flat) make_room_for_caps(pen);
   return pen;
 }
 
