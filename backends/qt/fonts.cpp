@@ -72,14 +72,15 @@ double average_width(const QFont &font) {
   return QFontMetricsF(font).horizontalAdvance(letters) / static_cast<double>(letters.size());
 }
 
-Font make_font(const LOGFONTA &asked) {
+Font make_font(const LOGFONTA &asked, std::size_t number) {
   const Substitution &face = substitution_for(face_utf8(asked));
   const Heights heights = heights_of(asked.lfHeight, face);
   Font font{asked,
             qt_font(asked, face, heights.character, QFont::NoSubpixelAntialias),
             qt_font(asked, face, heights.character, QFont::NoAntialias),
             {},
-            1};
+            1,
+            number};
   const double average = average_width(font.smooth);
   if (asked.lfWidth != 0 && average > 0) font.stretch = std::abs(double{1} * asked.lfWidth) / average;
 
@@ -124,7 +125,7 @@ const Font &Fonts::find(const LOGFONTA &asked) {
   complain_once();
   if (fonts_.size() >= most_fonts) fonts_.clear();
   last_ = fonts_.size();
-  fonts_.push_back(make_font(without_rubbish(asked)));
+  fonts_.push_back(make_font(without_rubbish(asked), ++made_));
   return fonts_.back();
 }
 

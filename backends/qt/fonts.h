@@ -15,7 +15,8 @@ struct Font {
   QFont smooth;    ///< antialiased
   QFont aliased;   ///< every pixel painted or not
   TEXTMETRICA metrics;
-  double stretch;  ///< of every width
+  double stretch;      ///< of every width
+  std::size_t number;  ///< no other font of the device has or had it
 };
 
 /// Fonts made so far. One for each device: fonts are cheap to find and dear to make.
@@ -27,6 +28,7 @@ class Fonts {
  private:
   std::vector<Font> fonts_;
   std::size_t last_ = 0;
+  std::size_t made_ = 0;
 };
 
 /// Installed families that the substitution table wants and the system lacks. The first use of a font says so

@@ -36,8 +36,13 @@ QTransform placement(const TextRun &run, const Font &font) {
   return transform;
 }
 
-bool smooth(const TextRun &run, const Paint &paint) {
-  return paint.rop == R2_COPYPEN && run.font->lfQuality != NONANTIALIASED_QUALITY;
+bool turned(const TextRun &run, const Font &font) {
+  return run.font->lfEscapement != 0 || font.stretch != 1;
+}
+
+/// Qt keeps the edges of upright letters as sharp as asked for, those of turned ones it smoothes.
+bool left_to_qt(const TextRun &run, const Font &font, const Paint &paint) {
+  return paint.rop == R2_COPYPEN && (run.font->lfQuality != NONANTIALIASED_QUALITY || !turned(run, font));
 }
 
 }  // namespace
@@ -46,7 +51,7 @@ bool smooth(const TextRun &run, const Paint &paint) {
 struct ImageDevice::Text {
   explicit Text(PixelSpan pixels_) : pixels(pixels_), image(image_on(pixels_)) {}
 
-  void paint_smoothly(const TextRun &run, const Font &font, const raster::Spans *clip, const RECT &limits);
+  void paint(const TextRun &run, const Font &font, const raster::Spans *clip, const RECT &limits);
   raster::Spans pixels_of(const TextRun &run, const Font &font, const RECT &limits);
   void open();
   void use_clip(const raster::Spans *clip, const RECT &limits);
@@ -56,6 +61,7 @@ struct ImageDevice::Text {
   mutable Fonts fonts;
   QPainter painter;
   std::optional<COLORREF> color;
+  std::size_t font_number = 0;
   QImage mask;
 
  private:
@@ -88,14 +94,17 @@ void ImageDevice::Text::use_clip(const raster::Spans *clip, const RECT &limits) 
   }
 }
 
-void ImageDevice::Text::paint_smoothly(const TextRun &run, const Font &font, const raster::Spans *clip,
-                                       const RECT &limits) {
+void ImageDevice::Text::paint(const TextRun &run, const Font &font, const raster::Spans *clip,
+                              const RECT &limits) {
   open();
   use_clip(clip, limits);
-  if (painter.font() != font.smooth) painter.setFont(font.smooth);
+  if (font_number != font.number) {
+    painter.setFont(run.font->lfQuality == NONANTIALIASED_QUALITY ? font.aliased : font.smooth);
+    font_number = font.number;
+  }
   if (color != run.color) painter.setPen(to_qt(run.color));
   color = run.color;
-  if (run.font->lfEscapement == 0 && font.stretch == 1) {
+  if (!turned(run, font)) {
     if (!painter.transform().isIdentity()) painter.resetTransform();
     painter.drawText(QPointF(run.top_left.x, run.top_left.y + font.metrics.tmAscent), to_qt(run.text));
   } else {
@@ -173,8 +182,8 @@ void ImageDevice::text(const TextRun &run, const Paint &paint) {
   const Font &font = text_->fonts.find(*run.font);
   const RECT &limits = shapes_->painter.use_clip(paint.clip);
   if (limits.left >= limits.right || limits.top >= limits.bottom) return;
-  if (smooth(run, paint)) {
-    text_->paint_smoothly(run, font, shapes_->painter.clip_spans(), limits);
+  if (left_to_qt(run, font, paint)) {
+    text_->paint(run, font, shapes_->painter.clip_spans(), limits);
   } else {
     shapes_->painter.spans(text_->pixels_of(run, font, limits), run.color, paint);
   }

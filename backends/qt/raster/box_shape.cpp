@@ -5,6 +5,17 @@
 
 namespace raster {
 
+namespace {
+
+/// The part of a row that is no outline, empty where left >= right: its neighbours on all four sides belong
+/// to the figure.
+Span inner_part(const Span &above, const Span &here, const Span &below) {
+  return {here.y, std::max({above.left, here.left + 1, below.left}),
+          std::min({above.right, here.right - 1, below.right})};
+}
+
+}  // namespace
+
 BoxShape::BoxShape(const RECT &box, SIZE corner)
     : box_(box),
       corner_width_(std::clamp<double>(corner.cx, 0, std::max(0.0, double{1} * box.right - box.left))),
@@ -25,13 +36,8 @@ Span BoxShape::row(int y) const {
   return {y, box_.left + inset, box_.right - inset};
 }
 
-Span BoxShape::inner_row(int y) const {
-  if (y <= box_.top || y >= box_.bottom - 1) return {y, 0, 0};
-  const Span above = row(y - 1);
-  const Span here = row(y);
-  const Span below = row(y + 1);
-  return {y, std::max({above.left, here.left + 1, below.left}),
-          std::min({above.right, here.right - 1, below.right})};
+Span BoxShape::row_or_nothing(int y) const {
+  return y < box_.top || y >= box_.bottom ? Span{y, box_.right, box_.left} : row(y);
 }
 
 void BoxShape::fill(const RECT &limits, Spans &result) const {
@@ -44,15 +50,20 @@ void BoxShape::fill(const RECT &limits, Spans &result) const {
 
 void BoxShape::outline(const RECT &limits, Spans &result) const {
   if (empty()) return;
-  for (int y = std::max(box_.top, limits.top); y < std::min(box_.bottom, limits.bottom); ++y) {
-    const Span run = row(y);
-    const Span inner = inner_row(y);
+  const int first = std::max(box_.top, limits.top);
+  Span above = row_or_nothing(first - 1);
+  Span here = row_or_nothing(first);
+  for (int y = first; y < std::min(box_.bottom, limits.bottom); ++y) {
+    const Span below = row_or_nothing(y + 1);
+    const Span inner = inner_part(above, here, below);
     if (inner.left >= inner.right) {
-      add_span(result, y, run.left, run.right, limits);
+      add_span(result, y, here.left, here.right, limits);
     } else {
-      add_span(result, y, run.left, inner.left, limits);
-      add_span(result, y, inner.right, run.right, limits);
+      add_span(result, y, here.left, inner.left, limits);
+      add_span(result, y, inner.right, here.right, limits);
     }
+    above = here;
+    here = below;
   }
 }
 
@@ -62,7 +73,7 @@ std::vector<POINT> BoxShape::outline_chain() const {
   const int middle_row = box_.top + (box_.bottom - box_.top) / 2;
   for (int y = box_.top; y < box_.bottom; ++y) {
     const Span run = row(y);
-    Span inner = inner_row(y);
+    Span inner = inner_part(row_or_nothing(y - 1), run, row_or_nothing(y + 1));
     if (inner.left >= inner.right) inner.left = inner.right = run.left + (run.right - run.left + 1) / 2;
     // Above the middle the outline runs outward on its way down, below it inward.
     if (y < middle_row) {

@@ -30,8 +30,8 @@ class BoxShape {
 
  private:
   BoxShape(const RECT &box, SIZE corner);
-  /// The part of row y that is no outline; empty where left >= right.
-  Span inner_row(int y) const;
+  /// Above and below the figure a row that has no pixel.
+  Span row_or_nothing(int y) const;
 
   RECT box_;
   double corner_width_;

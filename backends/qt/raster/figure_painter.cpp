@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "backends/qt/raster/box_path.h"
+#include "backends/qt/raster/reach.h"
 #include "backends/qt/raster/span_painter.h"
 
 namespace raster {
@@ -128,11 +129,18 @@ void FigurePainter::add_polyline(std::span<const POINT> points, bool closed, con
   }
 }
 
+void FigurePainter::add_corners(std::span<const POINT> points) {
+  for (const POINT &point : points) {
+    const auto [x, y] = within_reach(point);
+    corners_.push_back({double{1} * x, double{1} * y});
+  }
+}
+
 void FigurePainter::polyline(std::span<const POINT> points, const Paint &paint) {
   if (!paint.pen.visible || points.size() < 2 || !begin(paint)) return;
   corners_.clear();
   if (paint.pen.width > 1) {
-    for (const POINT &point : points) corners_.push_back({double{1} * point.x, double{1} * point.y});
+    add_corners(points);
   }
   add_polyline(points, false, paint);
   finish(paint);
@@ -141,7 +149,7 @@ void FigurePainter::polyline(std::span<const POINT> points, const Paint &paint) 
 void FigurePainter::polygon(std::span<const POINT> points, FillRule rule, const Paint &paint) {
   if (points.size() < 2 || !begin(paint)) return;
   corners_.clear();
-  for (const POINT &point : points) corners_.push_back({double{1} * point.x, double{1} * point.y});
+  add_corners(points);
   if (paint.brush.kind != DeviceBrush::Kind::none) fill_inside(corners_, rule);
   if (paint.pen.visible) add_polyline(points, true, paint);
   finish(paint);
@@ -170,7 +178,8 @@ void FigurePainter::box_figure(const BoxShape &shape, const std::vector<Point> &
   finish(paint);
 }
 
-void FigurePainter::rectangle(const RECT &box, const Paint &paint) {
+void FigurePainter::rectangle(const RECT &asked, const Paint &paint) {
+  const RECT box = within_reach(asked);
   const BoxShape shape = BoxShape::rectangle(box);
   if (shape.empty() || !begin(paint)) return;
   const bool wide = paint.pen.width > 1 || (paint.pen.dash_count > 0 && !chainable(box));
@@ -180,7 +189,8 @@ void FigurePainter::rectangle(const RECT &box, const Paint &paint) {
       paint);
 }
 
-void FigurePainter::rounded_rectangle(const RECT &box, SIZE corner, const Paint &paint) {
+void FigurePainter::rounded_rectangle(const RECT &asked, SIZE corner, const Paint &paint) {
+  const RECT box = within_reach(asked);
   const BoxShape shape = BoxShape::rounded_rectangle(box, corner);
   if (shape.empty() || !begin(paint)) return;
   const bool wide = paint.pen.width > 1 || (paint.pen.dash_count > 0 && !chainable(box));
@@ -188,7 +198,8 @@ void FigurePainter::rounded_rectangle(const RECT &box, SIZE corner, const Paint 
   box_figure(shape, wide ? rounded_rectangle_path(middle, box, corner) : std::vector<Point>(), paint);
 }
 
-void FigurePainter::ellipse(const RECT &box, const Paint &paint) {
+void FigurePainter::ellipse(const RECT &asked, const Paint &paint) {
+  const RECT box = within_reach(asked);
   const BoxShape shape = BoxShape::ellipse(box);
   if (shape.empty() || !begin(paint)) return;
   const bool wide = paint.pen.width > 1 || (paint.pen.dash_count > 0 && !chainable(box));
@@ -198,7 +209,8 @@ void FigurePainter::ellipse(const RECT &box, const Paint &paint) {
       paint);
 }
 
-void FigurePainter::arc(const RECT &box, POINT start, POINT end, const Paint &paint) {
+void FigurePainter::arc(const RECT &asked, POINT start, POINT end, const Paint &paint) {
+  const RECT box = within_reach(asked);
   const BoxShape shape = BoxShape::ellipse(box);
   if (!paint.pen.visible || shape.empty() || !begin(paint)) return;
   if (paint.pen.width > 1 || !chainable(box)) {

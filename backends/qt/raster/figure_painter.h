@@ -29,6 +29,7 @@ class FigurePainter {
 
  private:
   bool begin(const framework::Paint &paint);
+  void add_corners(std::span<const POINT> points);
   void add_polyline(std::span<const POINT> points, bool closed, const framework::Paint &paint);
   void stroke(std::span<const Point> points, bool closed, const framework::DevicePen &pen);
   void fill_inside(std::span<const Point> points, framework::FillRule rule);

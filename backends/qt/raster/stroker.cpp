@@ -32,8 +32,11 @@ double dot(Point a, Point b) {
 double cross(Point a, Point b) {
   return a.x * b.y - a.y * b.x;
 }
+double distance(Point a, Point b) {
+  return std::sqrt((b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y));
+}
 Point direction(Point a, Point b) {
-  const double length = std::hypot(b.x - a.x, b.y - a.y);
+  const double length = distance(a, b);
   return {(b.x - a.x) / length, (b.y - a.y) / length};
 }
 Point normal(Point direction) {
@@ -117,21 +120,23 @@ void Stroker::add_join(Point before, Point joint, Point after) {
   }
 }
 
-void Stroker::add_cap(Point end, Point outward) {
-  if (cap_ == LineCap::round) {
-    add_disc(end);
-  } else if (cap_ == LineCap::square) {
-    add_line(end, end + outward * half_);
-  }
-}
-
 void Stroker::stroke_open(std::span<const Point> points) {
-  for (std::size_t i = 0; i + 1 < points.size(); ++i) {
-    add_line(points[i], points[i + 1]);
-    if (i > 0) add_join(points[i - 1], points[i], points[i + 1]);
+  const std::size_t last = points.size() - 1;
+  for (std::size_t i = 0; i < last; ++i) {
+    Point from = points[i];
+    Point to = points[i + 1];
+    if (i > 0) add_join(points[i - 1], from, to);
+    if (cap_ == LineCap::square && (i == 0 || i + 1 == last)) {
+      const Point reach = direction(from, to) * half_;
+      if (i == 0) from = from - reach;
+      if (i + 1 == last) to = to + reach;
+    }
+    add_line(from, to);
   }
-  add_cap(points.front(), direction(points[1], points[0]));
-  add_cap(points.back(), direction(points[points.size() - 2], points.back()));
+  if (cap_ == LineCap::round) {
+    add_disc(points.front());
+    add_disc(points.back());
+  }
 }
 
 void Stroker::stroke(std::span<const Point> points, bool closed) {
@@ -165,7 +170,7 @@ void Stroker::end_dash() {
 }
 
 void Stroker::add_dashes(Point a, Point b, DashWalker &dashes) {
-  const double length = std::hypot(b.x - a.x, b.y - a.y);
+  const double length = distance(a, b);
   if (length == 0) return;
   const Stretch seen = part_near(a, b, view_, 2 * half_ + 2);
   if (seen.from >= seen.to) {

@@ -31,7 +31,6 @@ class Stroker {
   void stroke_open(std::span<const Point> points);
   void add_line(Point a, Point b);
   void add_join(Point before, Point joint, Point after);
-  void add_cap(Point end, Point direction);
   void add_disc(Point centre);
 
   ScanConverter &target_;

@@ -4,18 +4,13 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "backends/qt/raster/reach.h"
+
 namespace raster {
 
 namespace {
 
 using Wide = std::int64_t;
-
-// Far beyond any device, and small enough for products of two differences.
-constexpr LONG far_away = LONG{1} << 28;
-
-POINT within_reach(POINT point) {
-  return {std::clamp(point.x, -far_away, far_away), std::clamp(point.y, -far_away, far_away)};
-}
 
 Wide floor_divide(Wide a, Wide b) {
   return a >= 0 ? a / b : -((-a + b - 1) / b);
