@@ -123,12 +123,16 @@ void PaintDevice::Canvas::fill_solid(const QPainterPath &path, COLORREF color, S
 void PaintDevice::Canvas::fill_hatched(const QPainterPath &path, const DeviceBrush &brush, Share part) {
   if (brush.gap_color) fill_solid(path, *brush.gap_color, part);
   const QPainterPath shape = cuts(part) ? path.intersected(clip_path_) : path;
-  const QRectF box = shape.boundingRect();
+  // No more lines than the sheet has room for.
+  const QRectF sheet(0, 0, painter.device()->width(), painter.device()->height());
+  const QRectF box = shape.boundingRect() & sheet;
   const double d = hatch_distance;
   const double half = d / 16;  // of a line
   const auto lines = [&](double from, double to, auto quad) {
     QPainterPath stripes;
-    for (double at = std::floor(from / d) * d; at <= to; at += d) stripes.addPolygon(quad(at));
+    const auto first = static_cast<qint64>(std::floor(from / d));
+    const auto last = static_cast<qint64>(std::floor(to / d));
+    for (qint64 i = first; i <= last; ++i) stripes.addPolygon(quad(static_cast<double>(i) * d));
     painter.fillPath(stripes.intersected(shape), to_qt(brush.color));
   };
   const int hatch = brush.hatch;

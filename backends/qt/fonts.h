@@ -22,8 +22,8 @@ struct Font {
 /// Fonts made so far. One for each device: fonts are cheap to find and dear to make.
 class Fonts {
  public:
-  const Font &find(const LOGFONTA &font);
-  SIZE extent(std::string_view cp932_text, const LOGFONTA &font);
+  const Font &find(const LOGFONTA &asked);
+  SIZE extent(std::string_view cp932_text, const LOGFONTA &asked);
 
  private:
   std::vector<Font> fonts_;

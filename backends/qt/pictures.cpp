@@ -56,7 +56,7 @@ LoadedPicture load_picture(const std::string &path) {
   if (const QSize size = reader.size(); size.isValid() && too_large(size)) {
     return failed(path, "a picture of " + size_text(size) + " pixels is too large");
   }
-  reader.setAllocationLimit(0);  // Qt's own limit is below that of Picture
+  QImageReader::setAllocationLimit(0);  // Qt's own limit is below that of Picture
   const QImage image = reader.read();
   if (image.isNull()) return failed(path, reader.errorString().toStdString());
   LoadedPicture result{Picture(image.width(), image.height()), {}};

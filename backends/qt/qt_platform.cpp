@@ -21,7 +21,7 @@ void ensure_gui_application() {
         if (type == QtCriticalMsg || type == QtFatalMsg) fprintf(stderr, "%s\n", qPrintable(text));
       });
   // Never deleted: fonts may be in use until the very end.
-  static QGuiApplication *application = new QGuiApplication(count, arguments.data());
+  static auto *application = new QGuiApplication(count, arguments.data());
   static_cast<void>(application);
   qInstallMessageHandler(before);
 }

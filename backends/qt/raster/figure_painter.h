@@ -16,10 +16,10 @@ class FigurePainter {
 
   void polyline(std::span<const POINT> points, const framework::Paint &paint);
   void polygon(std::span<const POINT> points, framework::FillRule rule, const framework::Paint &paint);
-  void rectangle(const RECT &box, const framework::Paint &paint);
-  void rounded_rectangle(const RECT &box, SIZE corner, const framework::Paint &paint);
-  void ellipse(const RECT &box, const framework::Paint &paint);
-  void arc(const RECT &box, POINT start, POINT end, const framework::Paint &paint);
+  void rectangle(const RECT &asked, const framework::Paint &paint);
+  void rounded_rectangle(const RECT &asked, SIZE corner, const framework::Paint &paint);
+  void ellipse(const RECT &asked, const framework::Paint &paint);
+  void arc(const RECT &asked, POINT start, POINT end, const framework::Paint &paint);
   /// Pixels that are already a set (of text, for instance) in one colour.
   void spans(const Spans &spans, COLORREF color, const framework::Paint &paint);
   /// The clip as runs; null where it is a rectangle inside `limits()` alone.
