@@ -29,16 +29,11 @@ std::optional<std::string_view> heading(std::string_view line) {
   return trimmed(line.substr(1, line.find(']') - 1));
 }
 
-struct Entry {
-  std::string_view key;
-  std::string_view value;
-};
-
-std::optional<Entry> entry(std::string_view line) {
+std::optional<IniEntry> entry(std::string_view line) {
   line = trimmed(line);
   const std::size_t separator = line.find('=');
   if (separator == std::string_view::npos || line.front() == ';' || line.front() == '[') return std::nullopt;
-  return Entry{trimmed(line.substr(0, separator)), unquoted(trimmed(line.substr(separator + 1)))};
+  return IniEntry{trimmed(line.substr(0, separator)), unquoted(trimmed(line.substr(separator + 1)))};
 }
 
 bool fits_on_a_line(std::string_view text) {
@@ -115,11 +110,17 @@ std::vector<std::string_view> IniDocument::sections() const {
 
 std::vector<std::string_view> IniDocument::keys(std::string_view section) const {
   std::vector<std::string_view> names;
+  for (const IniEntry &one : entries(section)) names.push_back(one.key);
+  return names;
+}
+
+std::vector<IniEntry> IniDocument::entries(std::string_view section) const {
+  std::vector<IniEntry> found;
   const Position begin = section_begin(section);
   const Position end = section_end(begin);
   for (Position i = begin; i < end; ++i)
-    if (const auto found = entry(lines_[i].text)) names.push_back(found->key);
-  return names;
+    if (const auto one = entry(lines_[i].text)) found.push_back(*one);
+  return found;
 }
 
 void IniDocument::insert_line(Position position, std::string text) {

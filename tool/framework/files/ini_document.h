@@ -10,6 +10,11 @@
 
 namespace framework {
 
+struct IniEntry {
+  std::string_view key;
+  std::string_view value;  ///< as IniDocument::find gives it
+};
+
 class IniDocument {
  public:
   IniDocument() = default;
@@ -20,6 +25,8 @@ class IniDocument {
   std::optional<std::string_view> find(std::string_view section, std::string_view key) const;
   std::vector<std::string_view> sections() const;
   std::vector<std::string_view> keys(std::string_view section) const;
+  /// Every key of a section with its value, in order; of equal keys the first counts.
+  std::vector<IniEntry> entries(std::string_view section) const;
 
   /// Sets a value as it is, without quotes; a missing key is added to the end of its section, a missing
   /// section to the end. False, with nothing changed, for names or values that an ini text cannot hold: line
