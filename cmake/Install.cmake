@@ -1,4 +1,5 @@
-# The installed package: library, headers as `tool/...`, analyses under share/tool/ANAITEM, package config.
+# The installed package: library, headers as `tool/...`, analyses under share/tool/ANAITEM, the era table beside the
+# programs, where the library looks for it, and under share/tool for other programs, package config.
 # Another project writes find_package(Tool) and links Tool::tool, and Tool::tool_qt where Qt 6 is present.
 include(CMakePackageConfigHelpers)
 
@@ -13,6 +14,9 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/tool DESTINATION ${CMAKE_INSTALL_INCLUDE
 if(EXISTS ${PROJECT_SOURCE_DIR}/data/ANAITEM)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/ANAITEM DESTINATION ${CMAKE_INSTALL_DATADIR}/tool)
 endif()
+
+install(FILES ${PROJECT_SOURCE_DIR}/data/Era.dat DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/data/Era.dat DESTINATION ${CMAKE_INSTALL_DATADIR}/tool)
 
 if(TARGET tool_qt)
   install(TARGETS tool_qt EXPORT ToolQtTargets

@@ -4,6 +4,7 @@
 #include "tool/analysis/records.h"
 #include "tool/api/CCalcTool.h"
 #include "tool/api/CCephCalc.h"
+#include "tool/api/CJapEra.h"
 #include "tool/api/CModelTool.h"
 #include "tool/api/CTools.h"
 #include "tool/framework/files/CFile.h"

@@ -17,6 +17,7 @@
 #include "tool/tracing/reference_lines.h"
 
 class CDC;
+class CJapEra;
 class CWnd;
 
 class CTools {
@@ -90,6 +91,34 @@ class CTools {
   /// Shows the system's text for the calling thread's last error.
   static void GetLastErrMessage();
   static void Debug(char *text, int value);  ///< does nothing
+
+  // Dates and ages
+  // ---------------------------------------------------------------------------------------------------------
+  // Stored dates are digits YYYYMMDD, an unknown month or day "00"; what is missing or no number reads as 0.
+  // A null reference date is today. Null results are not written.
+
+  /// Of the clock in use; its two-digit year counts from 2000 below 80, else from 1900.
+  static void GetToday(int *year, int *month, int *day);
+  /// Mode 1 Japanese units, 2 Japanese era by the system's calendar, 3 month/day/year, 4 English month name,
+  /// any other year/month/day. The era table is not consulted. Mode 2 is empty for a date without day or
+  /// month.
+  static CString MakeDate(const char *ymd, unsigned int mode, CJapEra *eraTable);
+  /// Of year/month/day; two-digit years as in GetToday when the text has fewer than 10 characters.
+  static CString MakeDateR(const char *text);
+  /// Mode 1 "9.9y", 2 Japanese years and months, 3 years and tenths with the Japanese unit, 4 Japanese years,
+  /// 5 as 2 with the other way to write months, any other "9y11m". Tenths are months / 12 * 10, truncated.
+  static CString MakeAge(int years, int months, unsigned short mode);
+  static CString MakeAge(const char *birth, const char *reference, unsigned short mode);
+  /// Whole years and months (0 to 12) with months of 365/12 days; 0 and 0 before the birth date.
+  static void CaclAge(const char *birth, const char *reference, int *years, int *months);
+  /// Whole months with months of 30.4 days and 0.01 month added; negative before the birth date.
+  static short CalcAge(const char *birth, const char *reference);
+  /// The year, month and day boxes of a dialog; day box 0: there is none.
+  static void SetNengappi(CWnd *dialog, unsigned int yearBox, unsigned int monthBox, unsigned int dayBox,
+                          const char *ymd);
+  static CString GetNengappi(CWnd *dialog, unsigned int yearBox, unsigned int monthBox, unsigned int dayBox);
+  /// Whether the month of a date lies within a period of months, ends included; an empty end is open.
+  static int MakeCompYmd(const char *ymd, const char *from, const char *to);
 
   // Drawing
   // ---------------------------------------------------------------------------------------------------------------------
