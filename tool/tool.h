@@ -22,4 +22,5 @@
 #include "tool/framework/ui/CWinApp.h"
 #include "tool/framework/ui/CWnd.h"
 #include "tool/geometry/CPointD.h"
+#include "tool/imaging/CExif.h"
 #include "tool/model/records.h"
