@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <thread>
@@ -334,7 +333,7 @@ TEST_F(Batch, AClosedOutputEndsTheProgramQuietly) {
   const std::string ceph = "'" CEPH_PROGRAM "' batch --data '" + folder_.path() + "'";
   const std::string script = "cd '" + folder_.path() + "'; yes \"$(cat film.json)\" 2>/dev/null | (" + ceph +
                              " 2>fault; echo $? >code) | head -n 1 >first";
-  ASSERT_EQ(std::system(script.c_str()), 0);
+  ASSERT_EQ(support::run_shell(script), 0);
   EXPECT_EQ(folder_.read("first").substr(0, 10), "{\"line\":1,");
   EXPECT_EQ(folder_.read("fault"), "");
   EXPECT_EQ(folder_.read("code"), "0\n");

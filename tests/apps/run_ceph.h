@@ -22,6 +22,13 @@ inline std::string shell_word(const std::string &text) {
   return word + "'";
 }
 
+/// The exit code of shell text; -1 when it ends by a signal.
+inline int run_shell(const std::string &text) {
+  // NOLINTNEXTLINE(cert-env33-c): pipes and redirections are what is tested
+  const int status = std::system(text.c_str());
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
 /// `redirection` is shell text behind the command, `environment` before it.
 inline Outcome run_ceph(const std::vector<std::string> &words, const std::string &redirection = "",
                         const std::string &environment = "") {
@@ -30,8 +37,8 @@ inline Outcome run_ceph(const std::vector<std::string> &words, const std::string
   for (const std::string &word : words) command += ' ' + shell_word(word);
   command +=
       " >" + shell_word(folder.path("out")) + " 2>" + shell_word(folder.path("err")) + ' ' + redirection;
-  const int status = std::system(command.c_str());
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.read("out"), folder.read("err")};
+  const int code = run_shell(command);
+  return {code, folder.read("out"), folder.read("err")};
 }
 
 inline std::string sample(const std::string &name) {
