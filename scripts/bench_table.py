@@ -20,6 +20,8 @@ BOUNDS = {
     "ThousandFilmsUserCalc": (0.1, "muParser, formulas set afresh for each film"),
     "ThousandFilmsHeldAnalysis": (1.0, "muParser, formulas compiled once"),
     "LateralCatalogue": (1.3, "hand-written geometry"),
+    "ExifHeadLibexif": (1.0, "libexif, the same bytes"),
+    "ExifHeadExiv2": (1.0, "exiv2, the same bytes"),
 }
 BEGIN = "<!-- ratios: begin -->"
 END = "<!-- ratios: end -->"
