@@ -20,5 +20,6 @@ void add_batch_command(CLI::App &program, int &exit_code);
 void add_draw_command(CLI::App &program, int &exit_code);
 void add_report_command(CLI::App &program, int &exit_code);
 void add_date_command(CLI::App &program, int &exit_code);
+void add_exif_command(CLI::App &program, int &exit_code);
 
 }  // namespace app

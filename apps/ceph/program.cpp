@@ -14,7 +14,7 @@ namespace {
 constexpr AddCommand commands[] = {
     add_analyses_command, add_table_command,    add_item_command,  add_eval_command,  add_catalogue_command,
     add_surgery_command,  add_diagnose_command, add_model_command, add_check_command, add_batch_command,
-    add_draw_command,     add_report_command,   add_date_command,
+    add_draw_command,     add_report_command,   add_date_command,  add_exif_command,
 };
 
 int complain(ExitCode code, std::string_view message) {
