@@ -79,8 +79,8 @@ def judge(root, path, angled, quoted):
     if name is None:
         return "an include that names no file cannot be checked" if in_tool else None
     if QT_HEADER.match(name):
-        allowed = path.startswith(("backends/qt/", "apps/"))
-        return None if allowed else f"Qt header {name} outside backends/qt and apps"
+        allowed = path.startswith(("backends/qt/", "apps/", "bench/qt/"))
+        return None if allowed else f"Qt header {name} outside backends/qt, apps and bench/qt"
     if here is not None and here not in LEVEL:
         return f"folder {here} has no storey: add it to {pathlib.Path(__file__).name}"
     if name.startswith(OWN):
