@@ -17,7 +17,6 @@ constexpr int outline_tenths = 4;
 constexpr int tooth_tenths = 3;
 constexpr int profilogram_tenths = 4;
 constexpr int solid = 0;
-constexpr int dashed = 1;
 constexpr int by_print_width = 102;  // solid, as wide as the record says for paper
 
 /// A copy of a record with its line width on paper.

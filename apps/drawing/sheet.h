@@ -42,7 +42,7 @@ class Sheet {
   void line(SheetPoint from, SheetPoint to, int tenths, COLORREF color, int style = 0) const;
   void fill(const SheetBox &box, COLORREF color) const;
   /// UTF-8; characters that code page 932 lacks become '?'. The position is the top of the line.
-  void text(SheetPoint at, std::string_view utf8, const TextLook &look) const;
+  void text(SheetPoint place, std::string_view utf8, const TextLook &look) const;
   double text_width(std::string_view utf8, const TextLook &look) const;  ///< mm
 
  private:

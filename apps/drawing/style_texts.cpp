@@ -44,7 +44,7 @@ std::optional<SheetPoint> anchor(const View &view, std::string_view formula,
                                  const analysis::Tracing &tracing) {
   SheetPoint sum{0, 0};
   int count = 0;
-  for (std::size_t open; (open = formula.find('[')) != std::string_view::npos; ++count) {
+  for (std::size_t open = 0; (open = formula.find('[')) != std::string_view::npos; ++count) {
     const std::size_t close = formula.find(']', open);
     if (close == std::string_view::npos) return std::nullopt;
     std::optional<analysis::Reason> reason;

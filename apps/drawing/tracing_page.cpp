@@ -31,14 +31,16 @@ std::size_t legend_columns(const SheetBox &area) {
 
 double legend_height(const SheetBox &area, std::size_t entries) {
   const std::size_t columns = legend_columns(area);
-  return static_cast<double>((entries + columns - 1) / columns) * line_height;
+  const std::size_t lines = (entries + columns - 1) / columns;
+  return static_cast<double>(lines) * line_height;
 }
 
 void draw_legend(const Sheet &sheet, const SheetBox &area, const std::vector<LegendEntry> &entries) {
   const std::size_t columns = legend_columns(area);
   for (std::size_t i = 0; i < entries.size(); ++i) {
+    const std::size_t row = i / columns;
     const double x = area.left + static_cast<double>(i % columns) * legend_column;
-    const double y = area.top + static_cast<double>(i / columns) * line_height;
+    const double y = area.top + static_cast<double>(row) * line_height;
     sheet.line({x, y + 1.8}, {x + sample_width, y + 1.8}, entries[i].tenths, entries[i].color,
                entries[i].style);
     sheet.text({x + sample_width + 1.5, y}, entries[i].text, small_look);
