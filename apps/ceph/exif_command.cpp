@@ -54,7 +54,7 @@ Photograph read_photograph(const std::string &path) {
 
 /// Cameras write ASCII or UTF-8, older programs code page 932.
 std::string text_value(const char *bytes) {
-  const std::string text(bytes);
+  std::string text(bytes);
   try {
     static_cast<void>(Json(text).dump());
     return text;

@@ -25,7 +25,7 @@ std::string three_eras(const std::string &first_range = "1926.12.25-1989.01.07")
 class JapEra : public testing::Test {
  protected:
   JapEra() { platform_.module = platform_.folder.path("program"); }
-  CJapEra with(const std::string &file) {
+  CJapEra with(const std::string &file) const {
     platform_.folder.write("Era.dat", file);
     return CJapEra();
   }

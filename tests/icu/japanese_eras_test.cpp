@@ -30,7 +30,7 @@ class JapaneseCalendar {
     names_->setTimeZone(zone);
     gregorian_->set(1873, UCAL_JANUARY, 1, 0, 0, 0);
     gregorian_->set(UCAL_MILLISECOND, 0);
-    time_ = gregorian_->getTime(status);
+    time_ = gregorian_->getTime(status);  // NOLINT(cppcoreguidelines-prefer-member-initializer): only now
     move_to(time_);
   }
   void next_day() { move_to(time_ + milliseconds_in_day); }
