@@ -4,11 +4,11 @@ namespace tracing {
 
 namespace {
 
-BOOL create(CPen &pen, const PenSpec &spec) {
-  if (spec.kind == PenSpec::Kind::standard) return pen.CreatePen(spec.style, spec.width, spec.color);
-  const LOGBRUSH brush{BS_SOLID, spec.color, 0};
-  return pen.CreatePen(spec.style, spec.width, &brush, spec.dash_count,
-                       spec.dash_count > 0 ? spec.dashes.data() : nullptr);
+BOOL create(CPen &pen, const PenSpec &wanted) {
+  if (wanted.kind == PenSpec::Kind::standard) return pen.CreatePen(wanted.style, wanted.width, wanted.color);
+  const LOGBRUSH brush{BS_SOLID, wanted.color, 0};
+  return pen.CreatePen(wanted.style, wanted.width, &brush, wanted.dash_count,
+                       wanted.dash_count > 0 ? wanted.dashes.data() : nullptr);
 }
 
 }  // namespace
@@ -25,8 +25,8 @@ DrawingScope::~DrawingScope() {
   if (old_background_mode_ != 0) dc_.SetBkMode(old_background_mode_);
 }
 
-DrawingScope &DrawingScope::pen(const PenSpec &spec) {
-  if (create(pen_, spec)) old_pen_ = dc_.SelectObject(&pen_);
+DrawingScope &DrawingScope::pen(const PenSpec &wanted) {
+  if (create(pen_, wanted)) old_pen_ = dc_.SelectObject(&pen_);
   return *this;
 }
 

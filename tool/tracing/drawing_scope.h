@@ -16,7 +16,7 @@ class DrawingScope {
   DrawingScope &operator=(const DrawingScope &) = delete;
 
   // Each at most once in a scope. A pen or font that cannot be made leaves the selected one.
-  DrawingScope &pen(const PenSpec &spec);
+  DrawingScope &pen(const PenSpec &wanted);
   DrawingScope &solid_brush(COLORREF color);
   DrawingScope &hollow_brush();
   DrawingScope &font(const LOGFONTA &font);
